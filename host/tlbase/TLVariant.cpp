@@ -1,0 +1,91 @@
+#include "tlbase/TLVariant.h"
+
+#include <cmath>
+
+namespace TMObjects {
+
+TLVariant TLVariant::FromInt(std::int64_t v) {
+    TLVariant r;
+    r.mKind = (v >= INT32_MIN && v <= INT32_MAX) ? Int32 : Int64;
+    r.mInt = v;
+    return r;
+}
+
+TLVariant TLVariant::FromDate(const TLString& isoText) {
+    TLVariant r(isoText);
+    r.mKind = Date;
+    return r;
+}
+
+TLVariant& TLVariant::operator=(int v) { return *this = FromInt(v); }
+
+TLVariant& TLVariant::operator=(long long v) {
+    *this = FromInt(v);
+    mKind = Int64;
+    return *this;
+}
+
+TLVariant& TLVariant::operator=(double v) { return *this = TLVariant(v); }
+
+TLVariant& TLVariant::operator=(const TLString& v) { return *this = TLVariant(v); }
+
+TLString TLVariant::ToString() const {
+    switch (mKind) {
+        case Null:
+            return TLString();
+        case Int32:
+        case Int64:
+            return TLString(std::to_string(mInt));
+        case Double:
+            return TLString::Number(mDouble);
+        case String:
+        case Date:
+            return mString;
+    }
+    return TLString();
+}
+
+double TLVariant::GetDouble() const {
+    switch (mKind) {
+        case Int32:
+        case Int64:
+            return double(mInt);
+        case Double:
+            return mDouble;
+        case String:
+            return mString.ToDouble();
+        default:
+            return 0.0;
+    }
+}
+
+std::int64_t TLVariant::GetInt64() const {
+    switch (mKind) {
+        case Int32:
+        case Int64:
+            return mInt;
+        case Double:
+            return std::isfinite(mDouble) ? std::int64_t(mDouble) : 0;
+        case String:
+            return std::int64_t(mString.ToDouble());
+        default:
+            return 0;
+    }
+}
+
+bool TLVariant::operator==(const TLVariant& o) const {
+    if (mKind != o.mKind) return false;
+    switch (mKind) {
+        case Null:
+            return true;
+        case Int32:
+        case Int64:
+            return mInt == o.mInt;
+        case Double:
+            return mDouble == o.mDouble;
+        default:
+            return mString == o.mString;
+    }
+}
+
+}  // namespace TMObjects

@@ -1,0 +1,96 @@
+#pragma once
+
+#include <memory>
+#include <set>
+#include <vector>
+
+#include "tlmap/TLLayer.h"
+#include "tlmap/TLSelection.h"
+#include "tlsde/TLFeatureTable.h"
+#include "tlsde/TLQueryFilter.h"
+
+namespace TMObjects {
+
+class TLEditor;
+class TLLayerEditBuffer;
+class TLFeatureRender;
+
+// Told when a layer's observers are notified (a finished drawing command, a saved edit).
+class TLLayerObserver {
+public:
+    virtual ~TLLayerObserver() = default;
+    virtual void OnLayerNotify(TLLayer* layer, int hint) = 0;
+};
+
+// A layer of features, read from a TLFeatureTable that holds them in the layer's coordinates.
+class TLFeatureLayer : public TLLayer {
+public:
+    TLFeatureLayer(const TLString& name, LayerType type, TLRefPtr<TLFeatureTable> table,
+                   TLRefPtr<TLCoordinateSystem> reference);
+    ~TLFeatureLayer() override;
+
+    int IsValid() const override;
+    TLRect GetExtent() const override;
+
+    TLLayerEditBuffer* layer_edit_buffer() const { return mEditBuffer.get(); }
+    TLQueryFilter query_filter() const { return mStandingFilter; }
+    void set_query_filter(const TLQueryFilter& filter) { mStandingFilter = filter; }
+
+    // Mode 0 replaces the selection, 4 adds to it.
+    virtual bool SelectFeatures(const TLQueryFilter& filter, int mode, int flags);
+    bool ClearSelect(bool notify);
+    bool AddSelect(TLFeature* feature, bool notify);
+    bool AddSelect(int id);
+    int SelectedFeatureCount() const { return int(mSelection.size()); }
+    bool HasSelectedFeatures() const { return !mSelection.empty(); }
+    TLRefPtr<TLFeatureSelectionSet> GetSelection();
+    std::vector<int> GetSelectedIds() const { return {mSelection.begin(), mSelection.end()}; }
+    int Get_SelFeaIDs_Val(int index) const;
+    bool IsSelected(int id) const { return mSelection.count(id) != 0; }
+
+    TLRefPtr<TLFeatureTable> GetDatasource() const { return mTable; }
+    // The feature with that id, with the table's fields; empty when there is none.
+    TLRefPtr<TLFeature> GetFeature(int id) const { return mTable->GetFeature(id); }
+    bool IsSameCoordinateSystem(TLCoordinateSystem* reference) const;
+    TLString display_field() const { return mDisplayField; }
+    void set_display_field(const TLString& field) { mDisplayField = field; }
+
+    // A bracket of the layer's own for tools that edit without the map's editor at hand.
+    void StartOperation(TLEditor* editor);
+    bool CommitOperation();
+    // Writes the pending edits to the data store in one transaction.
+    bool SaveEdits();
+    TLString LastSaveError() const { return mSaveError; }
+
+    static TLFeatureLayer* CreateMemoryLayer(const TLString& name, TLLayer::LayerType type,
+                                             const TLFields& fields,
+                                             TLRefPtr<TLCoordinateSystem> reference);
+
+    void SetSymbolRender(TLRefPtr<TLFeatureRender> render);
+    TLRefPtr<TLFeatureRender> GetSymbolRender() const;
+
+    void AddObserver(TLLayerObserver* observer);
+    void RemoveObserver(TLLayerObserver* observer);
+    // The change notification: each observer hears (this layer, hint).
+    void NotifyObservers(int hint);
+
+private:
+    TLRefPtr<TLFeatureTable> mTable;
+    std::unique_ptr<TLLayerEditBuffer> mEditBuffer;
+    TLQueryFilter mStandingFilter;
+    std::set<int> mSelection;
+    TLString mDisplayField;
+    TLString mSaveError;
+    TLEditor* mOperationEditor = nullptr;
+    TLRefPtr<TLRefBase> mRender;
+    std::vector<TLLayerObserver*> mObservers;
+};
+
+// A layer whose features live only in memory: scratch layers of the tools.
+class TLMemoryFeatureLayer : public TLFeatureLayer {
+public:
+    TLMemoryFeatureLayer(const TLString& name, LayerType type, const TLFields& fields,
+                         TLRefPtr<TLCoordinateSystem> reference);
+};
+
+}  // namespace TMObjects

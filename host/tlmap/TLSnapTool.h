@@ -1,0 +1,77 @@
+#pragma once
+
+#include <vector>
+
+#include "tlbase/TLPoint.h"
+#include "tlbase/TLRefBase.h"
+#include "tlgeo/TLGeometry.h"
+
+namespace TMObjects {
+
+class TLToolBuddy;
+class TLFeatureLayer;
+class TLDisplayTransform;
+
+class TLPointSnapper {
+public:
+    void clearCache() { mCached.clear(); }
+    std::vector<TLPoint>& cache() { return mCached; }
+
+private:
+    std::vector<TLPoint> mCached;
+};
+
+// The process-wide snap setting: on or off, what to snap to, and the tolerance in pixels.
+class TLSnapEnvironment {
+public:
+    static TLSnapEnvironment* Instance();
+    bool isEnabled() const { return mEnabled; }
+    void setEnabled(bool enabled) { mEnabled = enabled; }
+    double getTolerance() const { return mTolerance; }
+    void setTolerance(double pixels) { mTolerance = pixels; }
+    bool snapToVertex() const { return mVertex; }
+    bool snapToSegment() const { return mSegment; }
+    void setSnapToVertex(bool on) { mVertex = on; }
+    void setSnapToSegment(bool on) { mSegment = on; }
+    TLPointSnapper* getPointSnapper() { return &mPointSnapper; }
+
+private:
+    bool mEnabled = false;
+    double mTolerance = 10.0;
+    bool mVertex = true;
+    bool mSegment = true;
+    TLPointSnapper mPointSnapper;
+};
+
+enum TLSnappingType { TLSnapNone = 0, TLSnapVertex = 1, TLSnapSegment = 2 };
+
+// Finds the snap target near a map point: the nearest vertex within the tolerance, else the
+// nearest point on a segment, over the visible feature layers of the map (through their
+// spatial indexes) and the shapes the tool cached. Vertices win over segments.
+class TLSnapTool : public TLRefBase {
+public:
+    TLSnapTool();
+    ~TLSnapTool() override;
+
+    bool Init(TLToolBuddy* buddy);
+    bool CanSnap();
+    bool Snap(const double& x, const double& y, TLFeatureLayer* layer);
+    bool Snap(TLPoint p, TLFeatureLayer* layer);
+    bool GetSnapXY(double& x, double& y);
+    bool GetSnappedPoint(TLPoint& p);
+    void Draw(TLDisplayTransform* transform, TLSnapEnvironment* environment);
+    void CacheShapes(TLGeometry* geometry);
+    void Reset();
+
+    TLSnappingType LastType() const { return mType; }
+
+private:
+    bool snapCached(const TLPoint& p, double tolerance, double& bestVertex, double& bestSegment);
+    TLToolBuddy* mBuddy = nullptr;
+    bool mHasResult = false;
+    TLPoint mResult;
+    TLSnappingType mType = TLSnapNone;
+    std::vector<TLRefPtr<TLGeometry>> mCached;
+};
+
+}  // namespace TMObjects

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <map>
+#include <memory>
+
+#include "tlbase/TLRefBase.h"
+#include "tlbase/TLVariant.h"
+#include "tlgeo/TLGeometry.h"
+#include "tlsde/TLField.h"
+
+namespace TMObjects {
+
+// A feature: an id, a geometry and attribute values by field name. A feature made by a tool
+// carries its geometry only; a feature read from a table carries that table's fields.
+class TLFeature : public virtual TLRefBase {
+public:
+    TLFeature() = default;
+    TLFeature(const TLFeature& other);
+    TLFeature& operator=(const TLFeature& other);
+
+    void SetGeometry(TLRefPtr<TLGeometry> geometry) { mGeometry = geometry; }
+    TLRefPtr<TLGeometry> GetGeometry() const { return mGeometry; }
+    bool SetValue(const TLString& field, const TLVariant& value);
+    TLVariant GetValue(const TLString& field) const;
+    // By index of the table's fields; null without fields or out of range.
+    TLVariant GetValue(int index) const;
+    bool SetValue(int index, const TLVariant& value);
+    int GetId() const { return mId; }
+    void SetId(int id) { mId = id; }
+    const TLFields* GetFields() const { return mFields.get(); }
+    void SetFields(std::shared_ptr<const TLFields> fields) { mFields = std::move(fields); }
+    // The values by name (field names in the case they were set with).
+    const std::map<TLString, TLVariant>& Values() const { return mValues; }
+
+private:
+    int mId = -1;
+    TLRefPtr<TLGeometry> mGeometry;
+    std::shared_ptr<const TLFields> mFields;
+    std::map<TLString, TLVariant> mValues;
+};
+
+}  // namespace TMObjects

@@ -1,0 +1,97 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <set>
+#include <vector>
+
+#include "tlbase/TLRefBase.h"
+#include "tlsde/TLFeature.h"
+#include "tlsde/TLFeatureStore.h"
+#include "tlsde/TLField.h"
+#include "tlsde/TLQueryFilter.h"
+
+namespace TMObjects {
+
+class TLSpatialIndex;
+
+// Told of every change of a table's features, for views and session records.
+class TLFeatureTableListener {
+public:
+    virtual ~TLFeatureTableListener() = default;
+    enum Change { Added, Deleted, GeometryChanged, AttributesChanged };
+    virtual void OnFeatureChanged(TLFeatureTable* table, Change change, int id) = 0;
+};
+
+// The table behind a feature layer: its fields and the working copy of its features in the
+// layer's coordinates, with a spatial index over their bounds and a segment index for snapping.
+// Changes are tracked against the store until Save.
+class TLFeatureTable : public TLRefBase {
+public:
+    TLFeatureTable(const TLString& name, const TLFields& fields,
+                   std::unique_ptr<TLFeatureStore> store = nullptr);
+    ~TLFeatureTable() override;
+
+    const TLString& GetName() const { return mName; }
+    std::shared_ptr<const TLFields> GetFieldsPtr() const { return mFields; }
+    const TLFields& GetFields() const { return *mFields; }
+    TLString GetWorkspaceType() const;  // the store's, or "Memory"
+    TLFeatureStore* GetStore() const { return mStore.get(); }
+
+    int GetFeatureCount() const { return int(mFeatures.size()); }
+    bool HasFeature(int id) const { return mFeatures.count(id) != 0; }
+    // A copy carrying the table's fields; empty when there is no such feature.
+    TLRefPtr<TLFeature> GetFeature(int id) const;
+    const TLFeature* PeekFeature(int id) const;
+    std::vector<int> GetIds() const;  // ascending
+    int NextId() const { return mNextId; }
+
+    // Ids of the features that pass the filter, ascending. The spatial part goes through the
+    // index; the where clause is then evaluated on the candidates.
+    std::vector<int> Search(const TLQueryFilter& filter) const;
+    // Ids whose bounds intersect the rectangle.
+    std::vector<int> SearchBounds(const TLRect& rect) const;
+    TLSpatialIndex& Index() const;
+    TLRect GetExtent() const;
+
+    // Loading from a store: no change is tracked and no listener is told.
+    void Load(TLFeature feature);
+
+    // Edits. Insert takes the feature's id when it is free and >= 0, else gives the next one;
+    // it returns the id. Values are coerced to the fields' types; unknown names are ignored.
+    int Insert(const TLFeature& feature);
+    bool Delete(int id);
+    bool SetGeometry(int id, TLRefPtr<TLGeometry> geometry);
+    bool SetValue(int id, const TLString& field, const TLVariant& value);
+    // Puts a feature back exactly as given (or removes it for nullopt): undo and redo.
+    void Restore(int id, const std::optional<TLFeature>& feature);
+
+    bool IsDirty() const { return !mDirty.empty(); }
+    std::vector<TLFeatureChange> PendingChanges() const;
+    // Writes the pending changes to the store in one transaction; on success they are no longer
+    // pending. A table without a store just forgets them.
+    bool Save(TLString& error);
+
+    void AddListener(TLFeatureTableListener* listener);
+    void RemoveListener(TLFeatureTableListener* listener);
+
+private:
+    void notify(TLFeatureTableListener::Change change, int id);
+    void indexInsert(int id, const TLFeature& f);
+    void indexRemove(int id);
+    TLFeature normalised(const TLFeature& f) const;
+
+    TLString mName;
+    std::shared_ptr<TLFields> mFields;
+    std::unique_ptr<TLFeatureStore> mStore;
+    std::map<int, TLFeature> mFeatures;
+    std::set<int> mStored;  // ids the store has
+    std::set<int> mDirty;   // ids changed since the last save
+    int mNextId = 1;
+    mutable std::unique_ptr<TLSpatialIndex> mIndex;
+    std::vector<TLFeatureTableListener*> mListeners;
+};
+
+}  // namespace TMObjects
