@@ -1,0 +1,61 @@
+#include "hostkit/TLHostBuddy.h"
+
+namespace TMObjects {
+
+void TLHostBuddy::record(TLHostEvent::Kind kind, const TLString& text, int value) {
+    mEvents.push_back({kind, text, value});
+    for (const auto& listener : mListeners) listener(mEvents.back());
+}
+
+void TLHostBuddy::NotifyEdited() { record(TLHostEvent::Edited, TLString()); }
+
+void TLHostBuddy::SetToolEnabled(int enabled) {
+    record(TLHostEvent::ToolEnabled, TLString(), enabled);
+}
+
+void TLHostBuddy::SetCursor(int shape) {
+    mCursor = shape;
+    record(TLHostEvent::Cursor, TLString(), shape);
+}
+
+void TLHostBuddy::UnregisterTool(TLTool* tool, bool) {
+    // Only the registered tool can give up the command line.
+    if (tool != mRegistered) return;
+    record(TLHostEvent::Unregister, mRegisteredName);
+    mRegistered = nullptr;
+    mRegisteredName = TLString();
+}
+
+void TLHostBuddy::SetPrompt(TLString text) {
+    mPrompt = text;
+    record(TLHostEvent::Prompt, text);
+}
+
+void TLHostBuddy::AppendMessage(TLString text) { record(TLHostEvent::Message, text); }
+
+void TLHostBuddy::RegisterTool(TLString name, TLTool* tool, bool) {
+    mRegistered = tool;
+    mRegisteredName = name;
+    record(TLHostEvent::Register, name);
+}
+
+int TLHostBuddy::KeyboardModifiers() { return mModifiersSource ? mModifiersSource() : mModifiers; }
+
+void TLHostBuddy::ShowMessage(TLString text) { record(TLHostEvent::Notice, text); }
+
+void TLHostBuddy::RefreshLayerList() {}
+
+TLString TLHostBuddy::Latest(TLHostEvent::Kind kind) const {
+    for (auto it = mEvents.rbegin(); it != mEvents.rend(); ++it)
+        if (it->kind == kind) return it->text;
+    return TLString();
+}
+
+std::vector<TLString> TLHostBuddy::Texts(TLHostEvent::Kind kind) const {
+    std::vector<TLString> texts;
+    for (const auto& e : mEvents)
+        if (e.kind == kind) texts.push_back(e.text);
+    return texts;
+}
+
+}  // namespace TMObjects

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "tlbase/TLArray.h"
+#include "tlmap/TLTool.h"
+
+namespace TMObjects {
+
+class TLHostBuddy;
+
+// Delivers the host's events to the active tool, one at a time: Init and activate when a tool is
+// picked, mouse, key and typed input, deactivate when it is left. A failure that escapes a tool
+// is caught here: it is reported, an editor operation the tool left open is rolled back so that
+// no half-made step stays, and the host goes on.
+class TLToolDispatcher {
+public:
+    explicit TLToolDispatcher(TLHostBuddy* buddy) : mBuddy(buddy) {}
+    ~TLToolDispatcher();
+
+    // Deactivates the current tool, then runs Init(buddy) and activate() on `tool`.
+    void Activate(TLTool* tool);
+    void Deactivate();
+    TLTool* ActiveTool() const { return mTool.get(); }
+
+    bool MouseDown(TLMouseButton button, int x, int y);
+    bool MouseUp(TLMouseButton button, int x, int y);
+    bool MouseMove(TLMouseButton button, int x, int y);
+    bool DoubleClick(TLMouseButton button, int x, int y);
+    bool KeyDown(int key);
+    // A line typed on the command window goes to the tool that registered last, not necessarily
+    // the active one; without one nobody hears it and the answer is false.
+    bool TypeLine(const TLString& text);
+    bool SetInformation(const TLString& text);
+    bool SetMultipleInformation(const TLArray<TLString>& texts);
+
+    // What the last event entry returned; false also after a caught failure.
+    bool LastResult() const { return mLastResult; }
+    // The text of the last caught failure; empty when the last event ran to its end.
+    const std::string& LastFailure() const { return mLastFailure; }
+
+    // Told of every caught failure (after the rollback).
+    using FailureListener = std::function<void(const std::string& what, const std::string& entry)>;
+    void SetFailureListener(FailureListener listener) { mOnFailure = std::move(listener); }
+
+private:
+    bool run(const char* entry, const std::function<bool()>& call);
+    void rollBackOpenOperation();
+
+    TLHostBuddy* mBuddy;
+    TLRefPtr<TLTool> mTool;
+    bool mLastResult = false;
+    std::string mLastFailure;
+    FailureListener mOnFailure;
+};
+
+}  // namespace TMObjects

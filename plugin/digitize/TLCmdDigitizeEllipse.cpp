@@ -1,0 +1,11 @@
+#include "digitize/TLCmdDigitizeEllipse.h"
+
+namespace TMObjects {
+
+TLCmdDigitizeEllipse::TLCmdDigitizeEllipse() = default;
+
+TLCmdDigitizeEllipse::TLCmdDigitizeEllipse(TLToolBuddy* buddy) : TLTool(buddy) {}
+
+TLCmdDigitizeEllipse::~TLCmdDigitizeEllipse() = default;
+
+}  // namespace TMObjects

@@ -1,0 +1,11 @@
+#include "digitize/TLCmdDigitizeLine.h"
+
+namespace TMObjects {
+
+TLCmdDigitizeLine::TLCmdDigitizeLine() = default;
+
+TLCmdDigitizeLine::TLCmdDigitizeLine(TLToolBuddy* buddy) : TLTool(buddy) {}
+
+TLCmdDigitizeLine::~TLCmdDigitizeLine() = default;
+
+}  // namespace TMObjects

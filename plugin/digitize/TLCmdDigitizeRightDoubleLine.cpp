@@ -1,0 +1,11 @@
+#include "digitize/TLCmdDigitizeRightDoubleLine.h"
+
+namespace TMObjects {
+
+TLCmdDigitizeRightDoubleLine::TLCmdDigitizeRightDoubleLine() = default;
+
+TLCmdDigitizeRightDoubleLine::TLCmdDigitizeRightDoubleLine(TLToolBuddy* buddy) : TLTool(buddy) {}
+
+TLCmdDigitizeRightDoubleLine::~TLCmdDigitizeRightDoubleLine() = default;
+
+}  // namespace TMObjects
