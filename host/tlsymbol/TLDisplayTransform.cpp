@@ -1,6 +1,7 @@
 #include "tlsymbol/TLDisplayTransform.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace TMObjects {
 
@@ -17,8 +18,10 @@ void TLDisplayTransform::SetVisibleBounds(const TLRect& bounds) {
     }
     const double rx = bounds.Width() / mDeviceFrame.Width();
     const double ry = bounds.Height() / mDeviceFrame.Height();
-    mResolution = std::max(rx, ry);
-    if (mResolution <= 0) mResolution = 1.0;
+    // A rectangle of no size (one point) fixes no scale: keep the one shown, only recentre.
+    const double resolution = std::max(rx, ry);
+    if (resolution > 0 && std::isfinite(resolution)) mResolution = resolution;
+    if (mResolution <= 0 || !std::isfinite(mResolution)) mResolution = 1.0;
     const TLPoint c = bounds.Center();
     const double hw = mDeviceFrame.Width() * mResolution / 2;
     const double hh = mDeviceFrame.Height() * mResolution / 2;

@@ -19,13 +19,17 @@ enum TLUnitsType {
     TLDecimeters = 12,
 };
 
-// The unit a map is shown in.
+// The unit a map is shown in. The values are the ones the identify dialog labels (0 metres,
+// 1 feet, 2 degrees, 3 unknown, 7 to 10); the gaps are kept free on purpose.
 enum TLUnitType {
-    TLUnitUnknown = 0,
-    TLUnitDegree = 1,
-    TLUnitFeet = 2,
-    TLUnitMeter = 3,
-    TLUnitKilometer = 4,
+    TLUnitMeter = 0,
+    TLUnitFeet = 1,
+    TLUnitDegree = 2,
+    TLUnitUnknown = 3,
+    TLUnitNauticalMiles = 7,
+    TLUnitKilometer = 8,
+    TLUnitYards = 9,
+    TLUnitMiles = 10,
 };
 
 }  // namespace TMObjects
