@@ -32,6 +32,7 @@ public:
     virtual void OnVisibleBoundsChanged() {}
     virtual void OnTwinkle(TLGeometry* geometry, int times) {}
     virtual void OnClipPolygonChanged() {}
+    virtual void OnUpdateMap() {}
 };
 
 class TLView : public TLRefBase {
@@ -72,8 +73,8 @@ public:
     void PanToSelection(TLLayer* layer);
     void ZoomToSelection(TLLayer* layer);
     void TwinkleGeometry(TLGeometry* geometry, TLStyle* style, int times);
-    void TwinkleGeometrysInOrder(TLGeometry** geometries, int count, TLStyle* point,
-                                 TLStyle* line, TLStyle* fill, int interval);
+    void TwinkleGeometrysInOrder(TLGeometry** geometries, int count, TLStyle* point, TLStyle* line,
+                                 TLStyle* fill, int interval);
     void setClipPolygon(TLGeoPolygon* polygon);
     TLGeoPolygon* clipPolygon() const { return mClip.get(); }
 
@@ -85,11 +86,20 @@ public:
     TLMapViewListener* Listener() const { return mListener; }
 
 private:
-    TLRect selectionBound(TLLayer* layer) const;
+    // The bound of the layer's selection (of every layer's when null), in map coordinates.
+    TLRect selectionBound(TLLayer* layer);
+    void addSelectionBound(TLLayer* layer, TLRect& bound);
+    // Shows the same map width and height as now, around `centre`.
+    void centreOn(const TLPoint& centre);
+    void visibleBoundsChanged();
+    // Keeps the transform's unit in step with the map's coordinate system.
+    void syncUnits();
     TLRefPtr<TLMap> mMap;
     TLDisplay mDisplay;
     TLRefPtr<TLGeoPolygon> mClip;
     TLMapViewListener* mListener = nullptr;
+    TLRefPtr<TLCoordinateSystem> mUnitsReference;
+    bool mUnitsSynced = false;
 };
 
 }  // namespace TMObjects

@@ -33,8 +33,8 @@ public:
     int GetPointCount(int geometryIndex) const;
     int GetCount() const;
     // Closes the part (each part when geometryIndex is -2) by repeating its first point, unless
-    // it is closed already.
-    void ClosePoints(bool close, int geometryIndex);
+    // it is closed already; a missing part is left alone. `update` repaints afterwards.
+    void ClosePoints(bool update, int geometryIndex);
     // Type 0: a point (the last one); 1: a polyline of all parts with two or more points;
     // 3: a polygon of all parts with three or more points, each ring closed. Empty when no part
     // qualifies.
@@ -50,6 +50,8 @@ public:
     const std::vector<std::vector<TLPoint>>& Parts() const { return mParts; }
     int UpdateCount() const { return mUpdates; }
     TLView* View() const { return mView; }
+    // Called by a view that goes away before its bands, so that they no longer reach it.
+    void DetachView() { mView = nullptr; }
 
 private:
     int partIndex(int geometryIndex) const;  // throws std::out_of_range

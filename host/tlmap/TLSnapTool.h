@@ -1,5 +1,7 @@
 #pragma once
 
+#include <map>
+#include <memory>
 #include <vector>
 
 #include "tlbase/TLPoint.h"
@@ -11,6 +13,8 @@ namespace TMObjects {
 class TLToolBuddy;
 class TLFeatureLayer;
 class TLDisplayTransform;
+class TLMapView;
+class TLCoordinateSystem;
 
 class TLPointSnapper {
 public:
@@ -64,14 +68,33 @@ public:
     void Reset();
 
     TLSnappingType LastType() const { return mType; }
+    int CachedShapeCount() const { return int(mCached.size()); }
 
 private:
-    bool snapCached(const TLPoint& p, double tolerance, double& bestVertex, double& bestSegment);
+    // The best hit so far of one kind, in map coordinates.
+    struct Candidate {
+        bool found = false;
+        double distance = 0.0;
+        TLPoint point;
+        void offer(const TLPoint& p, double d);
+    };
+    struct LayerProjection;
+
+    TLMapView* view() const;
+    bool searchable(TLFeatureLayer* layer, TLDisplayTransform* transform) const;
+    void searchLayer(TLFeatureLayer* layer, TLCoordinateSystem* mapReference, const TLPoint& p,
+                     double tolerance, Candidate& vertex, Candidate& segment);
+    void searchCached(const TLPoint& p, double tolerance, Candidate& vertex, Candidate& segment);
+    // The projector pair for a layer in a system other than the map's; null when they agree.
+    LayerProjection* projectionFor(TLFeatureLayer* layer, TLCoordinateSystem* mapReference);
+
     TLToolBuddy* mBuddy = nullptr;
     bool mHasResult = false;
     TLPoint mResult;
     TLSnappingType mType = TLSnapNone;
+    bool mMarkerShown = false;
     std::vector<TLRefPtr<TLGeometry>> mCached;
+    std::map<int, std::unique_ptr<LayerProjection>> mProjections;  // by layer id
 };
 
 }  // namespace TMObjects
