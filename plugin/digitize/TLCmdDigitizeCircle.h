@@ -7,9 +7,10 @@ namespace TMObjects {
 
 // Digitizes a circle as a polygon of computed vertices.
 class TL_ACTIONEX_EXPORT TLCmdDigitizeCircle : public TLTool {
-public:
+  public:
     TLCmdDigitizeCircle();
     explicit TLCmdDigitizeCircle(TLToolBuddy* buddy);
-    ~TLCmdDigitizeCircle() override;};
+    ~TLCmdDigitizeCircle() override;
+};
 
 }  // namespace TMObjects

@@ -7,9 +7,10 @@ namespace TMObjects {
 
 // Digitizes an ellipse as a polygon of computed vertices.
 class TL_ACTIONEX_EXPORT TLCmdDigitizeEllipse : public TLTool {
-public:
+  public:
     TLCmdDigitizeEllipse();
     explicit TLCmdDigitizeEllipse(TLToolBuddy* buddy);
-    ~TLCmdDigitizeEllipse() override;};
+    ~TLCmdDigitizeEllipse() override;
+};
 
 }  // namespace TMObjects

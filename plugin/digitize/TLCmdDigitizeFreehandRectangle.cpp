@@ -4,7 +4,8 @@ namespace TMObjects {
 
 TLCmdDigitizeFreehandRectangle::TLCmdDigitizeFreehandRectangle() = default;
 
-TLCmdDigitizeFreehandRectangle::TLCmdDigitizeFreehandRectangle(TLToolBuddy* buddy) : TLTool(buddy) {}
+TLCmdDigitizeFreehandRectangle::TLCmdDigitizeFreehandRectangle(TLToolBuddy* buddy)
+    : TLTool(buddy) {}
 
 TLCmdDigitizeFreehandRectangle::~TLCmdDigitizeFreehandRectangle() = default;
 

@@ -7,9 +7,10 @@ namespace TMObjects {
 
 // Digitizes a rectangle of any orientation from three clicks.
 class TL_ACTIONEX_EXPORT TLCmdDigitizeFreehandRectangle : public TLTool {
-public:
+  public:
     TLCmdDigitizeFreehandRectangle();
     explicit TLCmdDigitizeFreehandRectangle(TLToolBuddy* buddy);
-    ~TLCmdDigitizeFreehandRectangle() override;};
+    ~TLCmdDigitizeFreehandRectangle() override;
+};
 
 }  // namespace TMObjects

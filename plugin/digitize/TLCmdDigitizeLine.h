@@ -7,9 +7,10 @@ namespace TMObjects {
 
 // Digitizes a line feature from clicks, typed points and constructions.
 class TL_ACTIONEX_EXPORT TLCmdDigitizeLine : public TLTool {
-public:
+  public:
     TLCmdDigitizeLine();
     explicit TLCmdDigitizeLine(TLToolBuddy* buddy);
-    ~TLCmdDigitizeLine() override;};
+    ~TLCmdDigitizeLine() override;
+};
 
 }  // namespace TMObjects

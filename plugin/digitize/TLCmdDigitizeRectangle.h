@@ -7,9 +7,10 @@ namespace TMObjects {
 
 // Digitizes a rectangle chosen from a numbered menu of constructions.
 class TL_ACTIONEX_EXPORT TLCmdDigitizeRectangle : public TLTool {
-public:
+  public:
     TLCmdDigitizeRectangle();
     explicit TLCmdDigitizeRectangle(TLToolBuddy* buddy);
-    ~TLCmdDigitizeRectangle() override;};
+    ~TLCmdDigitizeRectangle() override;
+};
 
 }  // namespace TMObjects

@@ -7,9 +7,10 @@ namespace TMObjects {
 
 // Digitizes a regular polygon about a centre or on a given edge.
 class TL_ACTIONEX_EXPORT TLCmdDigitizeRegularPolygon : public TLTool {
-public:
+  public:
     TLCmdDigitizeRegularPolygon();
     explicit TLCmdDigitizeRegularPolygon(TLToolBuddy* buddy);
-    ~TLCmdDigitizeRegularPolygon() override;};
+    ~TLCmdDigitizeRegularPolygon() override;
+};
 
 }  // namespace TMObjects

@@ -7,9 +7,10 @@ namespace TMObjects {
 
 // Digitizes a line together with a parallel line on its right.
 class TL_ACTIONEX_EXPORT TLCmdDigitizeRightDoubleLine : public TLTool {
-public:
+  public:
     TLCmdDigitizeRightDoubleLine();
     explicit TLCmdDigitizeRightDoubleLine(TLToolBuddy* buddy);
-    ~TLCmdDigitizeRightDoubleLine() override;};
+    ~TLCmdDigitizeRightDoubleLine() override;
+};
 
 }  // namespace TMObjects

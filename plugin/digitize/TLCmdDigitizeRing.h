@@ -7,9 +7,10 @@ namespace TMObjects {
 
 // Digitizes an annulus from a centre and two typed radii.
 class TL_ACTIONEX_EXPORT TLCmdDigitizeRing : public TLTool {
-public:
+  public:
     TLCmdDigitizeRing();
     explicit TLCmdDigitizeRing(TLToolBuddy* buddy);
-    ~TLCmdDigitizeRing() override;};
+    ~TLCmdDigitizeRing() override;
+};
 
 }  // namespace TMObjects

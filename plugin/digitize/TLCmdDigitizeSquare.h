@@ -7,9 +7,10 @@ namespace TMObjects {
 
 // Digitizes a square chosen from a numbered menu of constructions.
 class TL_ACTIONEX_EXPORT TLCmdDigitizeSquare : public TLTool {
-public:
+  public:
     TLCmdDigitizeSquare();
     explicit TLCmdDigitizeSquare(TLToolBuddy* buddy);
-    ~TLCmdDigitizeSquare() override;};
+    ~TLCmdDigitizeSquare() override;
+};
 
 }  // namespace TMObjects

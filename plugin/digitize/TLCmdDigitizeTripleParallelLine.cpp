@@ -4,7 +4,8 @@ namespace TMObjects {
 
 TLCmdDigitizeTripleParallelLine::TLCmdDigitizeTripleParallelLine() = default;
 
-TLCmdDigitizeTripleParallelLine::TLCmdDigitizeTripleParallelLine(TLToolBuddy* buddy) : TLTool(buddy) {}
+TLCmdDigitizeTripleParallelLine::TLCmdDigitizeTripleParallelLine(TLToolBuddy* buddy)
+    : TLTool(buddy) {}
 
 TLCmdDigitizeTripleParallelLine::~TLCmdDigitizeTripleParallelLine() = default;
 

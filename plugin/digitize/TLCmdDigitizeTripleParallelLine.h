@@ -5,11 +5,13 @@
 
 namespace TMObjects {
 
-// Holds its place in the host's tool pool; it has no behaviour of its own, so it keeps the base tool's answers.
+// Holds its place in the host's tool pool; it has no behaviour of its own, so it keeps the base
+// tool's answers.
 class TL_ACTIONEX_EXPORT TLCmdDigitizeTripleParallelLine : public TLTool {
-public:
+  public:
     TLCmdDigitizeTripleParallelLine();
     explicit TLCmdDigitizeTripleParallelLine(TLToolBuddy* buddy);
-    ~TLCmdDigitizeTripleParallelLine() override;};
+    ~TLCmdDigitizeTripleParallelLine() override;
+};
 
 }  // namespace TMObjects

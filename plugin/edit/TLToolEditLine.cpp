@@ -1,0 +1,11 @@
+#include "edit/TLToolEditLine.h"
+
+namespace TMObjects {
+
+TLToolEditLine::TLToolEditLine() = default;
+
+TLToolEditLine::TLToolEditLine(TLToolBuddy* buddy) : TLTool(buddy) {}
+
+TLToolEditLine::~TLToolEditLine() = default;
+
+}  // namespace TMObjects

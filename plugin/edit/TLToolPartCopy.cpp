@@ -1,0 +1,11 @@
+#include "edit/TLToolPartCopy.h"
+
+namespace TMObjects {
+
+TLToolPartCopy::TLToolPartCopy() = default;
+
+TLToolPartCopy::TLToolPartCopy(TLToolBuddy* buddy) : TLTool(buddy) {}
+
+TLToolPartCopy::~TLToolPartCopy() = default;
+
+}  // namespace TMObjects

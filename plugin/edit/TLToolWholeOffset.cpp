@@ -1,0 +1,11 @@
+#include "edit/TLToolWholeOffset.h"
+
+namespace TMObjects {
+
+TLToolWholeOffset::TLToolWholeOffset() = default;
+
+TLToolWholeOffset::TLToolWholeOffset(TLToolBuddy* buddy) : TLTool(buddy) {}
+
+TLToolWholeOffset::~TLToolWholeOffset() = default;
+
+}  // namespace TMObjects

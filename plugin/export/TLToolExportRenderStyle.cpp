@@ -1,0 +1,16 @@
+#include "export/TLToolExportRenderStyle.h"
+
+namespace TMObjects {
+
+// The export commands are the only tools that carry a name of their own: their class name.
+TLToolExportRenderStyle::TLToolExportRenderStyle() {
+    mName = TLString("TLToolExportRenderStyle");
+}
+
+TLToolExportRenderStyle::TLToolExportRenderStyle(TLToolBuddy* buddy) : TLTool(buddy) {
+    mName = TLString("TLToolExportRenderStyle");
+}
+
+TLToolExportRenderStyle::~TLToolExportRenderStyle() = default;
+
+}  // namespace TMObjects

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "TLPluginExport.h"
+#include "tlmap/TLTool.h"
+
+namespace TMObjects {
+
+// Exports the styles in use on the feature layers to a symbol library.
+class TL_ACTIONEX_EXPORT TLToolExportRenderStyle : public TLTool {
+  public:
+    TLToolExportRenderStyle();
+    explicit TLToolExportRenderStyle(TLToolBuddy* buddy);
+    ~TLToolExportRenderStyle() override;
+};
+
+}  // namespace TMObjects

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "TLPluginExport.h"
+#include "tlmap/TLTool.h"
+
+namespace TMObjects {
+
+// Removes the mask from the view.
+class TL_ACTIONEX_EXPORT TLToolShieldAreasClear : public TLTool {
+  public:
+    TLToolShieldAreasClear();
+    explicit TLToolShieldAreasClear(TLToolBuddy* buddy);
+    ~TLToolShieldAreasClear() override;
+    // Does its whole work in activate, so the host runs it as a one-shot command.
+    bool IsCmd() override;
+};
+
+}  // namespace TMObjects
