@@ -13,4 +13,8 @@ TLToolExportRenderSLDStyle::TLToolExportRenderSLDStyle(TLToolBuddy* buddy) : TLT
 
 TLToolExportRenderSLDStyle::~TLToolExportRenderSLDStyle() = default;
 
+bool TLToolExportRenderSLDStyle::IsCmd() {
+    return true;
+}
+
 }  // namespace TMObjects

@@ -13,4 +13,8 @@ TLToolExportRenderStyle::TLToolExportRenderStyle(TLToolBuddy* buddy) : TLTool(bu
 
 TLToolExportRenderStyle::~TLToolExportRenderStyle() = default;
 
+bool TLToolExportRenderStyle::IsCmd() {
+    return true;
+}
+
 }  // namespace TMObjects

@@ -11,6 +11,8 @@ class TL_ACTIONEX_EXPORT TLToolExportRenderStyle : public TLTool {
     TLToolExportRenderStyle();
     explicit TLToolExportRenderStyle(TLToolBuddy* buddy);
     ~TLToolExportRenderStyle() override;
+    // Does its whole work in activate, so the host runs it as a one-shot command.
+    bool IsCmd() override;
 };
 
 }  // namespace TMObjects
