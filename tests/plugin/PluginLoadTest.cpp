@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <functional>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -231,21 +232,31 @@ TEST_F(PluginLibrary, ToolsNeverActivatedHaveNoBuddyAndIgnoreEvents) {
     EXPECT_EQ(pool->GetToolCount(), kToolCount);
 }
 
-TEST(PluginLibraryFile, ExportsTheFactoryAliasInItsSectionAndLittleElse) {
+TEST(PluginLibraryFile, ExportsTheFactoryAliasAndTheFrameworkClassesOnly) {
     boost::dll::library_info info(boost::dll::fs::path(TL_PLUGIN_LIBRARY_PATH));
     const std::vector<std::string> aliases = info.symbols("boostdll");
     EXPECT_NE(std::find(aliases.begin(), aliases.end(), "GetTMPlugIn"), aliases.end());
 
     // What the host may bind to: the alias and the framework's classes. Anything else would let
     // the library's private copies (Boost's among them) collide with the host's.
+    std::set<std::string> exported;
     for (const std::string& symbol : info.symbols()) {
         if (symbol == "GetTMPlugIn") continue;
         const std::string name = Demangle(symbol.c_str());
+        exported.insert(name);
         const bool framework = name.rfind("TMObjects::", 0) == 0 ||
                                name.rfind("typeinfo for TMObjects::", 0) == 0 ||
                                name.rfind("typeinfo name for TMObjects::", 0) == 0 ||
                                name.rfind("vtable for TMObjects::", 0) == 0;
         EXPECT_TRUE(framework) << name;
+    }
+
+    // Code that links a tool class needs its type information and virtual table as well.
+    std::vector<std::string> classes(kToolClasses.begin(), kToolClasses.end());
+    classes.insert(classes.end(), {"TLPluginActionEX", "TLToolShieldAreas", "TLToolEditFeature"});
+    for (const std::string& cls : classes) {
+        EXPECT_EQ(exported.count("typeinfo for TMObjects::" + cls), 1u) << cls;
+        EXPECT_EQ(exported.count("vtable for TMObjects::" + cls), 1u) << cls;
     }
 }
 
