@@ -28,9 +28,15 @@ public:
     TLString GetAuthorityCode() const;
     // The underlying PJ*, for the host's projector. Opaque to callers.
     void* ProjObject() const;
+    // The ellipsoid of the system's datum. False when the system has none (an engineering one).
+    bool GetEllipsoid(double& semiMajor, double& flattening) const;
+    // The geographic system the coordinates are based on (the system itself when it is
+    // geographic); empty when there is none.
+    TLRefPtr<TLCoordinateSystem> GetGeographicSystem() const;
 
 private:
     struct Impl;
+    TLCoordinateSystem(const TLString& definition, std::unique_ptr<Impl> impl);
     TLString mDefinition;
     std::unique_ptr<Impl> mImpl;
 };

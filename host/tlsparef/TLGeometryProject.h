@@ -28,8 +28,13 @@ public:
     bool ProjTmPolyline(TLGeoPolyline* line);
     bool ProjPoint(TLPoint& point);
     bool ProjXY(double& x, double& y);
+    // The bounds of the rectangle after projection, its edges densified so that curved images
+    // are covered. All-or-nothing like the rest: false leaves the four values unchanged.
+    bool ProjBounds(double& xmin, double& ymin, double& xmax, double& ymax);
 
 private:
+    bool projectRaw(TLGeometry* geometry);
+    bool projectEnvelope(TLGeometry* geometry);
     struct Impl;
     std::unique_ptr<Impl> mImpl;
 };
