@@ -105,6 +105,12 @@ bool TLCoordinateSystem::IsGeographic() const {
     return horizontal && isGeographicType(proj_get_type(horizontal.Get()));
 }
 
+bool TLCoordinateSystem::IsProjected() const {
+    if (!IsValid()) return false;
+    const TLProjObject horizontal = horizontalPart(mImpl->crs.Get());
+    return horizontal && proj_get_type(horizontal.Get()) == PJ_TYPE_PROJECTED_CRS;
+}
+
 bool TLCoordinateSystem::IsSame(TLCoordinateSystem* other) const {
     if (!other || !IsValid() || !other->IsValid()) return false;
     if (other == this) return true;

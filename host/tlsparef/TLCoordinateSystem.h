@@ -21,6 +21,8 @@ public:
     virtual bool IsSame(TLCoordinateSystem* other) const;
 
     bool IsValid() const;
+    // A map projection (easting, northing); false for geographic and invalid systems.
+    bool IsProjected() const;
     TLString GetDefinition() const { return mDefinition; }
     TLString GetName() const;
     TLString ExportToWkt() const;

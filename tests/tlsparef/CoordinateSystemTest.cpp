@@ -49,13 +49,20 @@ TEST(CoordinateSystem, LoadsAuthorityWktAndProjStringsAndRefusesTheRest) {
 }
 
 TEST(CoordinateSystem, TellsGeographicFromProjected) {
-    EXPECT_TRUE(load("EPSG:4326")->IsGeographic());
-    EXPECT_TRUE(load("EPSG:4979")->IsGeographic());  // 3D
-    EXPECT_TRUE(load("+proj=longlat +ellps=intl +no_defs")->IsGeographic());
-    // +towgs84 makes PROJ wrap the system in a bound one; it stays geographic.
-    EXPECT_TRUE(load("+proj=longlat +ellps=krass +towgs84=24,-123,-94,0,0,0,0")->IsGeographic());
-    EXPECT_FALSE(load("EPSG:3857")->IsGeographic());
-    EXPECT_FALSE(load("EPSG:32632")->IsGeographic());
+    for (const char* geographic :
+         {"EPSG:4326", "EPSG:4979", "+proj=longlat +ellps=intl +no_defs",
+          // +towgs84 makes PROJ wrap the system in a bound one; it stays geographic.
+          "+proj=longlat +ellps=krass +towgs84=24,-123,-94,0,0,0,0"}) {
+        EXPECT_TRUE(load(geographic)->IsGeographic()) << geographic;
+        EXPECT_FALSE(load(geographic)->IsProjected()) << geographic;
+    }
+    // Web Mercator's PROJ string carries +nadgrids=@null, which binds it as well.
+    for (const char* projected : {"EPSG:3857", "EPSG:32632", "EPSG:5972",
+                                  "+proj=merc +a=6378137 +b=6378137 +nadgrids=@null +no_defs"}) {
+        EXPECT_FALSE(load(projected)->IsGeographic()) << projected;
+        EXPECT_TRUE(load(projected)->IsProjected()) << projected;
+    }
+    EXPECT_FALSE(TLCoordinateSystem("nonsense").IsProjected());
 }
 
 TEST(CoordinateSystem, SameSystemWhateverTheSpellingDifferentOtherwise) {
