@@ -21,12 +21,8 @@ TLCoordinateSystem* TLDisplay::otherThanMap(TLCoordinateSystem* reference) const
     return map;
 }
 
-TLDisplay::Conversion TLDisplay::makeConversion(TLCoordinateSystem* reference, bool toMap) const {
-    Conversion made;
-    made.map = mMap->GetSpatialReference();
-    made.reference = reference;
-    made.toMap = toMap;
-    made.usable = true;
+TLDisplay::Route TLDisplay::makeRoute(TLCoordinateSystem* reference, bool toMap) const {
+    Route made;
     TLCoordinateSystem* map = otherThanMap(reference);
     if (!map) return made;
     made.projector = std::make_shared<TLGeometryProject>();
@@ -35,46 +31,51 @@ TLDisplay::Conversion TLDisplay::makeConversion(TLCoordinateSystem* reference, b
     return made;
 }
 
-const TLDisplay::Conversion* TLDisplay::conversion(TLCoordinateSystem* reference, bool toMap) {
-    if (!mMap || !reference) return nullptr;
-    TLCoordinateSystem* map = mMap->GetSpatialReference().get();
-    if (!map) return nullptr;
+TLDisplay::Route TLDisplay::route(TLCoordinateSystem* reference, bool toMap) {
+    if (!mMap || !reference) return {};
+    TLRefPtr<TLCoordinateSystem> map = mMap->GetSpatialReference();
+    if (!map) return {};
     for (const Conversion& known : mConversions) {
-        if (known.map.get() == map && known.reference.get() == reference && known.toMap == toMap)
-            return &known;
+        if (known.map == map && known.reference.get() == reference && known.toMap == toMap)
+            return known.route;
     }
-    if (mConversions.size() >= kMaxConversions) mConversions.erase(mConversions.begin());
-    mConversions.push_back(makeConversion(reference, toMap));
-    return &mConversions.back();
+    Route made = makeRoute(reference, toMap);
+    // Only a system that somebody holds through TLRefPtr may be kept: a reference taken on one
+    // with a count of 0 (on the stack, or owned raw) would delete it when the entry goes.
+    if (reference->RefCount() > 0) {
+        if (mConversions.size() >= kMaxConversions) mConversions.erase(mConversions.begin());
+        mConversions.push_back(Conversion{map, reference, toMap, made});
+    }
+    return made;
 }
 
 bool TLDisplay::ToGeometry(TLCoordinateSystem* reference, TLGeometry* geometry) {
     if (!geometry) return false;
-    const Conversion* found = conversion(reference, false);
-    if (!found || !found->projector) return true;
-    return found->usable && found->projector->ProjTmGeometry(geometry);
+    const Route found = route(reference, false);
+    if (!found.projector) return true;
+    return found.usable && found.projector->ProjTmGeometry(geometry);
 }
 
 bool TLDisplay::ToPoint(TLCoordinateSystem* reference, TLPoint& point) {
-    const Conversion* found = conversion(reference, false);
-    if (!found || !found->projector) return true;
-    return found->usable && found->projector->ProjPoint(point);
+    const Route found = route(reference, false);
+    if (!found.projector) return true;
+    return found.usable && found.projector->ProjPoint(point);
 }
 
 bool TLDisplay::ToMapGeometry(TLCoordinateSystem* reference, TLGeometry* geometry) {
     if (!geometry) return false;
-    const Conversion* found = conversion(reference, true);
-    if (!found || !found->projector) return true;
-    return found->usable && found->projector->ProjTmGeometry(geometry);
+    const Route found = route(reference, true);
+    if (!found.projector) return true;
+    return found.usable && found.projector->ProjTmGeometry(geometry);
 }
 
 bool TLDisplay::ToMapRect(TLCoordinateSystem* reference, TLRect& rect) {
     if (rect.IsEmpty()) return true;
-    const Conversion* found = conversion(reference, true);
-    if (!found || !found->projector) return true;
-    if (!found->usable) return false;
+    const Route found = route(reference, true);
+    if (!found.projector) return true;
+    if (!found.usable) return false;
     TLGeoEnvelope envelope(rect.XMinimum(), rect.YMinimum(), rect.XMaximum(), rect.YMaximum());
-    if (!found->projector->ProjTmGeometry(&envelope)) return false;
+    if (!found.projector->ProjTmGeometry(&envelope)) return false;
     double xmin = 0, ymin = 0, xmax = 0, ymax = 0;
     envelope.QueryCoords(&xmin, &ymin, &xmax, &ymax);
     rect = TLRect(xmin, xmax, ymin, ymax);

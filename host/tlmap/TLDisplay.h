@@ -30,20 +30,25 @@ public:
     void SetMap(TLMap* map) { mMap = map; }
 
 private:
-    // A conversion between the map's system and one reference, kept because every commit
-    // projects and building a PROJ pipeline costs far more than using it. Both systems are held
-    // so that neither address can be reused by another system while the entry lives.
+    // What one call does: leave the value (equal or missing systems), project it, or refuse
+    // because PROJ knows no way between the two systems.
+    struct Route {
+        bool usable = true;
+        std::shared_ptr<TLGeometryProject> projector;  // null when nothing needs to change
+    };
+    // A route kept because every commit projects and building a PROJ pipeline costs far more
+    // than using it. Both systems are held so that neither address can be reused by another
+    // system while the entry lives.
     struct Conversion {
         TLRefPtr<TLCoordinateSystem> map;
         TLRefPtr<TLCoordinateSystem> reference;
         bool toMap = false;
-        bool usable = false;  // false when PROJ knows no way between the two
-        std::shared_ptr<TLGeometryProject> projector;  // null when nothing needs to change
+        Route route;
     };
     // The map's system when both exist and differ, else null.
     TLCoordinateSystem* otherThanMap(TLCoordinateSystem* reference) const;
-    const Conversion* conversion(TLCoordinateSystem* reference, bool toMap);
-    Conversion makeConversion(TLCoordinateSystem* reference, bool toMap) const;
+    Route route(TLCoordinateSystem* reference, bool toMap);
+    Route makeRoute(TLCoordinateSystem* reference, bool toMap) const;
 
     TLMap* mMap;
     TLDisplayTransform mTransform;
