@@ -36,9 +36,10 @@ bool TLRect::Intersects(const TLRect& o) const {
 
 void TLRect::Scale(double factor, const TLPoint* center) {
     if (mEmpty) return;
+    // The centre stays where it is and every corner moves toward or away from it.
     const TLPoint c = center ? *center : Center();
-    const double hw = Width() * factor / 2, hh = Height() * factor / 2;
-    *this = TLRect(c.x - hw, c.x + hw, c.y - hh, c.y + hh);
+    *this = TLRect(c.x + (mXMin - c.x) * factor, c.x + (mXMax - c.x) * factor,
+                   c.y + (mYMin - c.y) * factor, c.y + (mYMax - c.y) * factor);
 }
 
 void TLRect::Inflate(double d) {

@@ -1,6 +1,7 @@
 #include "tlbase/TLString.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <cstdarg>
 #include <cstdio>
@@ -259,12 +260,16 @@ int TLString::ToInt() const {
 }
 
 TLString TLString::Number(double value) {
+    // The fewest significant digits that read back to the same double: plain decimals for
+    // everyday magnitudes, the exponent form where plain digits would run long ("1e+21",
+    // "1e-07"). to_chars does not depend on the C locale, so the decimal point stays a point.
     char buffer[64];
-    for (int precision = 1; precision <= 17; ++precision) {
-        std::snprintf(buffer, sizeof buffer, "%.*g", precision, value);
-        if (std::strtod(buffer, nullptr) == value) break;
-    }
-    return TLString(buffer);
+    const double magnitude = std::fabs(value);
+    const bool plain = value == 0.0 || (magnitude >= 1e-5 && magnitude < 1e17);
+    const auto result =
+        std::to_chars(buffer, buffer + sizeof buffer, value,
+                      plain ? std::chars_format::fixed : std::chars_format::scientific);
+    return TLString(std::string(buffer, result.ptr));
 }
 
 TLString TLString::Number(int value) { return TLString(std::to_string(value)); }

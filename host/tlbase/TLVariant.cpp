@@ -4,6 +4,19 @@
 
 namespace TMObjects {
 
+namespace {
+
+// A double as a 64-bit integer, truncated toward zero. Values beyond the range saturate and NaN
+// gives 0: the plain conversion of such values is undefined.
+std::int64_t saturatedInt64(double v) {
+    if (std::isnan(v)) return 0;
+    if (v >= 9223372036854775808.0) return INT64_MAX;
+    if (v < -9223372036854775808.0) return INT64_MIN;
+    return std::int64_t(v);
+}
+
+}  // namespace
+
 TLVariant TLVariant::FromInt(std::int64_t v) {
     TLVariant r;
     r.mKind = (v >= INT32_MIN && v <= INT32_MAX) ? Int32 : Int64;
@@ -65,9 +78,9 @@ std::int64_t TLVariant::GetInt64() const {
         case Int64:
             return mInt;
         case Double:
-            return std::isfinite(mDouble) ? std::int64_t(mDouble) : 0;
+            return saturatedInt64(mDouble);
         case String:
-            return std::int64_t(mString.ToDouble());
+            return saturatedInt64(mString.ToDouble());
         default:
             return 0;
     }
