@@ -1,0 +1,42 @@
+#include "tmgis/TLGdalCall.h"
+
+#include <gdal.h>
+
+#include <mutex>
+
+namespace TMObjects {
+
+TLGdalCall::TLGdalCall() {
+    static std::once_flag registered;
+    std::call_once(registered, [] { GDALAllRegister(); });
+    CPLErrorReset();
+    CPLPushErrorHandlerEx(&TLGdalCall::collect, this);
+}
+
+TLGdalCall::~TLGdalCall() {
+    CPLPopErrorHandler();
+}
+
+std::string TLGdalCall::Failures() const {
+    std::string text;
+    for (const std::string& failure : mFailures) {
+        if (!text.empty()) text += "; ";
+        text += failure;
+    }
+    return text;
+}
+
+std::string TLGdalCall::Reason(const std::string& fallback) const {
+    return mFailures.empty() ? fallback : Failures();
+}
+
+void CPL_STDCALL TLGdalCall::collect(CPLErr level, CPLErrorNum, const char* message) {
+    auto* self = static_cast<TLGdalCall*>(CPLGetErrorHandlerUserData());
+    if (!self || !message) return;
+    if (level == CE_Failure || level == CE_Fatal)
+        self->mFailures.emplace_back(message);
+    else if (level == CE_Warning)
+        self->mWarnings.emplace_back(message);
+}
+
+}  // namespace TMObjects

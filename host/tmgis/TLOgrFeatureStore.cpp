@@ -1,0 +1,279 @@
+#include "tmgis/TLOgrFeatureStore.h"
+
+#include <gdal_priv.h>
+#include <ogrsf_frmts.h>
+#include <stdlib.h>
+
+#include <filesystem>
+#include <memory>
+
+#include "tlsde/TLFeatureTable.h"
+#include "tmgis/TLGdalCall.h"
+#include "tmgis/TLOgrValues.h"
+
+namespace TMObjects {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+const char* const kUntouched = " The data source was left as it was.";
+
+GDALDatasetUniquePtr openForWriting(const std::string& path) {
+    return GDALDatasetUniquePtr(GDALDataset::Open(path.c_str(), GDAL_OF_VECTOR | GDAL_OF_UPDATE));
+}
+
+// A fresh directory beside the original, so that the final renames stay on one file system and
+// are atomic.
+bool makeScratchDirectory(const fs::path& beside, fs::path& made) {
+    std::string pattern = (beside / ".tlsave-XXXXXX").string();
+    if (!mkdtemp(pattern.data())) return false;
+    made = pattern;
+    return true;
+}
+
+std::vector<std::string> fileList(GDALDataset& dataset) {
+    std::vector<std::string> files;
+    char** list = dataset.GetFileList();
+    for (char** f = list; f && *f; ++f) files.emplace_back(*f);
+    CSLDestroy(list);
+    return files;
+}
+
+// Moves every file of `scratch` over its namesake in `into`; files of the old data source that
+// the new one does not have (a spatial index of the old contents) are removed.
+bool swapIn(const fs::path& scratch, const fs::path& into, const std::vector<std::string>& old,
+            std::string& why) {
+    std::set<std::string> fresh;
+    for (const auto& entry : fs::directory_iterator(scratch)) {
+        std::error_code failed;
+        fs::rename(entry.path(), into / entry.path().filename(), failed);
+        if (failed) {
+            why = "cannot replace " + (into / entry.path().filename()).string() + ": " +
+                  failed.message();
+            return false;
+        }
+        fresh.insert(entry.path().filename().string());
+    }
+    for (const std::string& file : old) {
+        if (fresh.count(fs::path(file).filename().string())) continue;
+        std::error_code ignored;
+        fs::remove(file, ignored);
+    }
+    return true;
+}
+
+}  // namespace
+
+TLOgrFeatureStore::TLOgrFeatureStore(const TLString& path, const TLString& layerName)
+    : mPath(path), mLayerName(layerName) {}
+
+TLOgrFeatureStore::~TLOgrFeatureStore() = default;
+
+TLString TLOgrFeatureStore::GetWorkspaceType() const {
+    return TLString("OGR");
+}
+
+long long TLOgrFeatureStore::StoredId(int id) const {
+    auto it = mStoredIds.find(id);
+    return it == mStoredIds.end() ? id : it->second;
+}
+
+bool TLOgrFeatureStore::Commit(const TLFeatureTable& table,
+                               const std::vector<TLFeatureChange>& changes, TLString& error) {
+    TLGdalCall gdal;
+    const std::string path = mPath.toStdString();
+    GDALDatasetUniquePtr dataset = openForWriting(path);
+    if (!dataset) {
+        error = TLString("Cannot open " + path + " for writing: " +
+                         gdal.Reason("the file is missing or not writable") + ".");
+        return false;
+    }
+    OGRLayer* layer = dataset->GetLayerByName(mLayerName.toStdString().c_str());
+    if (!layer) {
+        error = TLString("The layer \"") + mLayerName +
+                TLString("\" is no longer in " + path + "." + kUntouched);
+        return false;
+    }
+    if (dataset->TestCapability(ODsCTransactions))
+        return commitInTransaction(*dataset, *layer, changes, gdal, error);
+    dataset.reset();
+    return commitByRewrite(table, changes, error);
+}
+
+bool TLOgrFeatureStore::commitInTransaction(GDALDataset& dataset, OGRLayer& layer,
+                                            const std::vector<TLFeatureChange>& changes,
+                                            TLGdalCall& gdal, TLString& error) {
+    if (dataset.StartTransaction(FALSE) != OGRERR_NONE) {
+        error = TLString("Cannot start a transaction on " + mPath.toStdString() + ": " +
+                         gdal.Reason("the data source refused") + "." + kUntouched);
+        return false;
+    }
+    std::map<int, long long> created;
+    for (const TLFeatureChange& change : changes) {
+        std::string why;
+        if (apply(layer, change, created, gdal, why)) continue;
+        dataset.RollbackTransaction();
+        error = failure(change.id, why);
+        return false;
+    }
+    if (dataset.CommitTransaction() != OGRERR_NONE) {
+        dataset.RollbackTransaction();
+        error = TLString("Cannot commit to " + mPath.toStdString() + ": " +
+                         gdal.Reason("the data source refused") + "." + kUntouched);
+        return false;
+    }
+    for (const TLFeatureChange& change : changes)
+        if (!change.after) mStoredIds.erase(change.id);
+    for (const auto& [id, stored] : created) mStoredIds[id] = stored;
+    return true;
+}
+
+bool TLOgrFeatureStore::apply(OGRLayer& layer, const TLFeatureChange& change,
+                              std::map<int, long long>& created, TLGdalCall& gdal,
+                              std::string& why) {
+    const GIntBig stored = StoredId(change.id);
+    if (!change.after) {
+        // A feature someone else removed already is as the user wants it.
+        const OGRErr result = layer.DeleteFeature(stored);
+        if (result == OGRERR_NONE || result == OGRERR_NON_EXISTING_FEATURE) return true;
+        why = gdal.Reason("the store refused to delete it");
+        return false;
+    }
+    if (change.isNew) {
+        OGRFeature feature(layer.GetLayerDefn());
+        feature.SetFID(change.id);
+        if (!TLOgrValues::Apply(*change.after, feature, layer.GetGeomType(), why)) return false;
+        if (layer.CreateFeature(&feature) != OGRERR_NONE) {
+            why = gdal.Reason("the store refused the new feature");
+            return false;
+        }
+        if (feature.GetFID() != change.id) created[change.id] = feature.GetFID();
+        return true;
+    }
+    std::unique_ptr<OGRFeature> feature(layer.GetFeature(stored));
+    if (!feature) {
+        why = "it is no longer in the data source";
+        return false;
+    }
+    if (!TLOgrValues::Apply(*change.after, *feature, layer.GetGeomType(), why)) return false;
+    if (layer.SetFeature(feature.get()) != OGRERR_NONE) {
+        why = gdal.Reason("the store refused the change");
+        return false;
+    }
+    return true;
+}
+
+bool TLOgrFeatureStore::commitByRewrite(const TLFeatureTable& table,
+                                        const std::vector<TLFeatureChange>& changes,
+                                        TLString& error) {
+    TLGdalCall gdal;
+    const fs::path original(mPath.toStdString());
+    GDALDatasetUniquePtr source(
+        GDALDataset::Open(original.c_str(), GDAL_OF_VECTOR | GDAL_OF_READONLY));
+    if (!source) {
+        error = TLString("Cannot read " + original.string() + ": " +
+                         gdal.Reason("the file is missing") + ".");
+        return false;
+    }
+    const std::string driver = source->GetDriver()->GetDescription();
+    if (source->GetLayerCount() != 1) {
+        error = TLString(original.string() + " holds several layers in a format without " +
+                         "transactions (" + driver + "), so edits cannot be saved to it " +
+                         "without risk to the other layers. Save the layers as a GeoPackage." +
+                         kUntouched);
+        return false;
+    }
+    OGRLayer* old = source->GetLayer(0);
+    std::set<int> changed, created;
+    for (const TLFeatureChange& change : changes) {
+        changed.insert(change.id);
+        if (change.isNew) created.insert(change.id);
+    }
+    fs::path scratch;
+    if (!makeScratchDirectory(original.parent_path(), scratch)) {
+        error = TLString("Cannot make a scratch directory beside " + original.string() + "." +
+                         kUntouched);
+        return false;
+    }
+    auto discard = [&] {
+        std::error_code ignored;
+        fs::remove_all(scratch, ignored);
+    };
+    std::map<int, long long> ids;
+    std::string why;
+    {
+        GDALDatasetUniquePtr copy(source->GetDriver()->Create(
+            (scratch / original.filename()).c_str(), 0, 0, 0, GDT_Unknown, nullptr));
+        OGRLayer* target = copy ? copy->CreateLayer(old->GetName(), old->GetSpatialRef(),
+                                                    old->GetGeomType(), nullptr)
+                                : nullptr;
+        bool written = target != nullptr;
+        for (int i = 0; written && i < old->GetLayerDefn()->GetFieldCount(); ++i)
+            written = target->CreateField(old->GetLayerDefn()->GetFieldDefn(i)) == OGRERR_NONE;
+        if (!written) why = gdal.Reason("cannot make the new copy");
+        if (written) written = writeAll(table, changed, created, *old, *target, ids, why);
+        if (written) {
+            copy.reset();  // closing writes the files out
+            if (gdal.HasFailures()) {
+                why = gdal.Failures();
+                written = false;
+            }
+        }
+        if (!written) {
+            copy.reset();
+            discard();
+            error = TLString("Saving \"") + mLayerName +
+                    TLString("\" failed: " + why + "." + kUntouched);
+            return false;
+        }
+    }
+    const std::vector<std::string> oldFiles = fileList(*source);
+    source.reset();
+    if (!swapIn(scratch, original.parent_path(), oldFiles, why)) {
+        discard();
+        error = TLString("Saving \"") + mLayerName + TLString("\" failed: " + why + ".");
+        return false;
+    }
+    discard();
+    mStoredIds.clear();
+    for (const auto& [id, stored] : ids)
+        if (stored != id) mStoredIds[id] = stored;
+    return true;
+}
+
+bool TLOgrFeatureStore::writeAll(const TLFeatureTable& table, const std::set<int>& changed,
+                                 const std::set<int>& created, OGRLayer& source, OGRLayer& target,
+                                 std::map<int, long long>& ids, std::string& why) {
+    TLGdalCall gdal;
+    for (int id : table.GetIds()) {
+        OGRFeature feature(target.GetLayerDefn());
+        if (!created.count(id)) {
+            std::unique_ptr<OGRFeature> was(source.GetFeature(StoredId(id)));
+            if (!was) {
+                why = "feature " + std::to_string(id) + " is no longer in the data source";
+                return false;
+            }
+            feature.SetFrom(was.get());
+        }
+        feature.SetFID(id);
+        if (changed.count(id) &&
+            !TLOgrValues::Apply(*table.PeekFeature(id), feature, target.GetGeomType(), why)) {
+            why = "feature " + std::to_string(id) + ": " + why;
+            return false;
+        }
+        if (target.CreateFeature(&feature) != OGRERR_NONE) {
+            why = "feature " + std::to_string(id) + ": " + gdal.Reason("refused by the store");
+            return false;
+        }
+        ids[id] = feature.GetFID();
+    }
+    return true;
+}
+
+TLString TLOgrFeatureStore::failure(int id, const std::string& why) const {
+    return TLString("Saving \"") + mLayerName +
+           TLString("\" failed at feature " + std::to_string(id) + ": " + why + "." + kUntouched);
+}
+
+}  // namespace TMObjects

@@ -1,0 +1,177 @@
+#include "tmgis/TMWorkspace.h"
+
+#include <gdal_priv.h>
+#include <ogrsf_frmts.h>
+
+#include <climits>
+#include <filesystem>
+
+#include "tlmap/TLRasterLayer.h"
+#include "tlsde/TLFeatureTable.h"
+#include "tmgis/TLGdalCall.h"
+#include "tmgis/TLOgrFeatureStore.h"
+#include "tmgis/TLOgrSchema.h"
+#include "tmgis/TLOgrValues.h"
+
+namespace TMObjects {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// The authority's code where there is one, since it names the system exactly; the WKT
+// otherwise.
+TLRefPtr<TLCoordinateSystem> systemOf(const OGRSpatialReference* reference) {
+    if (!reference) return TLRefPtr<TLCoordinateSystem>();
+    const char* authority = reference->GetAuthorityName(nullptr);
+    const char* code = reference->GetAuthorityCode(nullptr);
+    if (authority && code) {
+        TLRefPtr<TLCoordinateSystem> system = TLSpatialObjectFactory::LoadCoordinateSystem(
+            TLString(std::string(authority) + ":" + code));
+        if (system) return system;
+    }
+    char* wkt = nullptr;
+    const char* const options[] = {"FORMAT=WKT2_2019", nullptr};
+    if (reference->exportToWkt(&wkt, options) != OGRERR_NONE || !wkt) {
+        CPLFree(wkt);
+        return TLRefPtr<TLCoordinateSystem>();
+    }
+    TLRefPtr<TLCoordinateSystem> system =
+        TLSpatialObjectFactory::LoadCoordinateSystem(TLString(std::string(wkt)));
+    CPLFree(wkt);
+    return system;
+}
+
+// "GPKG:/data/demo.gpkg:dem" names the table after the last colon.
+TLString subdatasetName(const std::string& name, const std::string& description) {
+    const std::size_t colon = name.rfind(':');
+    if (colon != std::string::npos && colon + 1 < name.size())
+        return TLString(name.substr(colon + 1));
+    return TLString(description);
+}
+
+}  // namespace
+
+std::unique_ptr<TMWorkspace> TMWorkspace::Open(const TLString& path, bool editable,
+                                               TLString& error) {
+    TLGdalCall gdal;
+    const std::string file = path.toStdString();
+    GDALDatasetUniquePtr dataset(
+        GDALDataset::Open(file.c_str(), GDAL_OF_VECTOR | GDAL_OF_RASTER | GDAL_OF_READONLY));
+    if (!dataset) {
+        error = TLString("Cannot open " + file + ": " +
+                         gdal.Reason("no such file, or a format GDAL does not read") + ".");
+        return nullptr;
+    }
+    std::unique_ptr<TMWorkspace> workspace(new TMWorkspace);
+    workspace->mPath = path;
+    workspace->mDriver = TLString(std::string(dataset->GetDriver()->GetDescription()));
+    workspace->readVectors(*dataset, editable);
+    workspace->readRasters(*dataset);
+    if (workspace->mLayers.empty()) {
+        error = TLString(file + " holds no layer that can be shown.");
+        return nullptr;
+    }
+    return workspace;
+}
+
+TLRefPtr<TLLayer> TMWorkspace::GetLayer(const TLString& name) const {
+    for (const auto& layer : mLayers)
+        if (layer->GetLayerName() == name) return layer;
+    return TLRefPtr<TLLayer>();
+}
+
+void TMWorkspace::readVectors(GDALDataset& dataset, bool editable) {
+    std::vector<TLRefPtr<TLLayer>> read;
+    for (OGRLayer* layer : dataset.GetLayers()) {
+        const TLString name(std::string(layer->GetName()));
+        if (layer->GetGeomType() == wkbNone) {
+            mNotes.push_back(TLString("table ") + name + TLString(" has no geometry; left out"));
+            continue;
+        }
+        TLRefPtr<TLFeatureLayer> featureLayer =
+            readVector(*layer, storePathOf(dataset, *layer), editable);
+        if (featureLayer) mLayers.push_back(TLRefPtr<TLLayer>(featureLayer.get()));
+    }
+}
+
+TLString TMWorkspace::storePathOf(GDALDataset& dataset, OGRLayer& layer) const {
+    const std::string driver = dataset.GetDriver()->GetDescription();
+    if (driver == "ESRI Shapefile" && fs::is_directory(mPath.toStdString()))
+        return TLString(
+            (fs::path(mPath.toStdString()) / (std::string(layer.GetName()) + ".shp")).string());
+    return mPath;
+}
+
+TLRefPtr<TLFeatureLayer> TMWorkspace::readVector(OGRLayer& layer, const TLString& storePath,
+                                                 bool editable) {
+    const TLString name(std::string(layer.GetName()));
+    const TLFields fields = TLOgrSchema::Fields(layer);
+    TLRefPtr<TLFeatureTable> table(
+        new TLFeatureTable(name, fields, std::make_unique<TLOgrFeatureStore>(storePath, name)));
+    int lost = 0;
+    layer.ResetReading();
+    for (auto& feature : layer) {
+        // The host counts features with int; a larger id could not be saved back to its row.
+        if (feature->GetFID() < 0 || feature->GetFID() > INT_MAX) {
+            mNotes.push_back(TLString("layer ") + name +
+                             TLString(" has ids beyond the host's range; left out"));
+            return TLRefPtr<TLFeatureLayer>();
+        }
+        bool geometryLost = false;
+        table->Load(TLOgrValues::ReadFeature(*feature, *table->GetFieldsPtr(), geometryLost));
+        if (geometryLost) ++lost;
+    }
+    if (lost > 0)
+        mNotes.push_back(TLString("layer ") + name +
+                         TLString(": " + std::to_string(lost) +
+                                  " geometries the host cannot hold "
+                                  "are shown without shape and kept "
+                                  "as stored"));
+    TLRefPtr<TLFeatureLayer> featureLayer(new TLFeatureLayer(
+        name, TLOgrSchema::LayerKind(layer.GetGeomType()), table, systemOf(layer.GetSpatialRef())));
+    featureLayer->SetEditable(editable);
+    return featureLayer;
+}
+
+void TMWorkspace::readRasters(GDALDataset& dataset) {
+    char** subdatasets = dataset.GetMetadata("SUBDATASETS");
+    for (int i = 1; subdatasets; ++i) {
+        const char* name =
+            CSLFetchNameValue(subdatasets, ("SUBDATASET_" + std::to_string(i) + "_NAME").c_str());
+        if (!name) break;
+        const char* description =
+            CSLFetchNameValue(subdatasets, ("SUBDATASET_" + std::to_string(i) + "_DESC").c_str());
+        GDALDatasetUniquePtr raster(GDALDataset::Open(name, GDAL_OF_RASTER | GDAL_OF_READONLY));
+        if (!raster) {
+            mNotes.push_back(TLString("raster " + std::string(name) + " cannot be read; left out"));
+            continue;
+        }
+        addRaster(*raster, subdatasetName(name, description ? description : name),
+                  TLString(std::string(name)));
+    }
+    if (subdatasets || dataset.GetRasterCount() == 0) return;
+    const char* identifier = dataset.GetMetadataItem("IDENTIFIER");
+    addRaster(dataset,
+              TLString(identifier ? std::string(identifier)
+                                  : fs::path(mPath.toStdString()).stem().string()),
+              mPath);
+}
+
+void TMWorkspace::addRaster(GDALDataset& dataset, const TLString& name, const TLString& source) {
+    std::array<double, 6> transform{0, 1, 0, 0, 0, 1};
+    if (dataset.GetGeoTransform(transform.data()) != CE_None)
+        mNotes.push_back(TLString("raster ") + name +
+                         TLString(" has no georeference; shown in cell coordinates"));
+    TLRefPtr<TLRasterLayer> layer(
+        new TLRasterLayer(name, source, dataset.GetRasterXSize(), dataset.GetRasterYSize(),
+                          dataset.GetRasterCount(), transform, systemOf(dataset.GetSpatialRef())));
+    for (int band = 1; band <= dataset.GetRasterCount(); ++band) {
+        int has = 0;
+        const double value = dataset.GetRasterBand(band)->GetNoDataValue(&has);
+        if (has) layer->SetNoData(band, value);
+    }
+    mLayers.push_back(TLRefPtr<TLLayer>(layer.get()));
+}
+
+}  // namespace TMObjects

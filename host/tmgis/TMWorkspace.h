@@ -1,0 +1,51 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "tlmap/TLFeatureLayer.h"
+#include "tlmap/TLLayer.h"
+
+class GDALDataset;
+class OGRLayer;
+
+namespace TMObjects {
+
+// An opened data source: a GeoPackage (the default store), a Shapefile, GeoJSON, a raster file,
+// anything GDAL reads. Its vector layers become feature layers whose tables hold the features
+// in the layer's coordinates and save through a TLOgrFeatureStore; its rasters become raster
+// layers. The data source itself is closed again once read: each save opens it anew.
+class TMWorkspace {
+  public:
+    // Reads the data source. With `editable` the feature layers may be edited (and saved);
+    // without, they are read-only. Null, with the reason in `error`, when GDAL cannot open it
+    // or it holds no layer at all.
+    static std::unique_ptr<TMWorkspace> Open(const TLString& path, bool editable, TLString& error);
+
+    const TLString& GetPath() const { return mPath; }
+    // GDAL's short name of the format: "GPKG", "ESRI Shapefile", "GeoJSON", "GTiff", ...
+    const TLString& GetDriverName() const { return mDriver; }
+    // Feature layers first, in the data source's order, then rasters.
+    const std::vector<TLRefPtr<TLLayer>>& GetLayers() const { return mLayers; }
+    TLRefPtr<TLLayer> GetLayer(const TLString& name) const;
+    // What was read with loss or left out, one line each: tables without geometry, features
+    // whose geometry the host cannot hold, ids beyond the host's range.
+    const std::vector<TLString>& GetNotes() const { return mNotes; }
+
+  private:
+    TMWorkspace() = default;
+    void readVectors(GDALDataset& dataset, bool editable);
+    // The path of one layer's own data source: a folder of Shapefiles is a data source of many
+    // layers in a format without transactions, but each of its layers can be saved alone.
+    TLString storePathOf(GDALDataset& dataset, OGRLayer& layer) const;
+    TLRefPtr<TLFeatureLayer> readVector(OGRLayer& layer, const TLString& storePath, bool editable);
+    void readRasters(GDALDataset& dataset);
+    void addRaster(GDALDataset& dataset, const TLString& name, const TLString& source);
+
+    TLString mPath;
+    TLString mDriver;
+    std::vector<TLRefPtr<TLLayer>> mLayers;
+    std::vector<TLString> mNotes;
+};
+
+}  // namespace TMObjects
