@@ -157,9 +157,11 @@ bool TLSnapTool::Snap(const double& x, const double& y, TLFeatureLayer* layer) {
 bool TLSnapTool::searchable(TLFeatureLayer* layer, TLDisplayTransform* transform) const {
     if (!layer->IsVisible() || !layer->IsValid()) return false;
     if (layer->GetVisibleInAllScale()) return true;
-    // Scale limits are denominators: the maximum scale is the smallest denominator.
+    // Scale limits are denominators: the maximum scale is the smallest denominator. With both
+    // limits set the range between them counts, whichever way round they were given.
     const double denominator = transform->GetScaleRatio();
-    const double smallest = layer->GetVisibleScaleMax(), largest = layer->GetVisibleScaleMin();
+    double smallest = layer->GetVisibleScaleMax(), largest = layer->GetVisibleScaleMin();
+    if (smallest > 0 && largest > 0 && smallest > largest) std::swap(smallest, largest);
     if (smallest > 0 && denominator < smallest) return false;
     if (largest > 0 && denominator > largest) return false;
     return true;
@@ -206,9 +208,12 @@ void TLSnapTool::searchLayer(TLFeatureLayer* layer, TLCoordinateSystem* mapRefer
             if (d <= tolerance) vertex.offer(hit, d);
         }
     }
-    // Any vertex beats every segment point, so once one is found segments need no search.
+    // Any vertex beats every segment point, so once one is found segments need no search. The
+    // index keeps lone points as segments of no length; they are vertices, not edges.
     if (vertex.found || !environment->snapToSegment()) return;
-    if (!index.NearestSegment(q, layerTolerance, ref, hit)) return;
+    const TLLayer::LayerType type = layer->GetLayerType();
+    if (type == TLLayer::PointLayer || type == TLLayer::MultiPointLayer) return;
+    if (!index.NearestSegment(q, layerTolerance, ref, hit) || ref.a == ref.b) return;
     if (projection) {
         // The view draws the segment straight between its projected ends: snap onto that.
         TLPoint a = ref.a, b = ref.b;
