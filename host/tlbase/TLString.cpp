@@ -242,21 +242,36 @@ TLString& TLString::Format(const wchar_t* format, ...) {
     }
 }
 
+namespace {
+
+// The ASCII text of the leading number after blanks and an optional '+': the C++ parsers take
+// no leading '+' and no blanks, and never follow the C locale, so "1.5" reads the same under a
+// German locale as under C.
+std::string numberPrefix(const std::wstring& text) {
+    std::string ascii;
+    std::size_t i = 0;
+    while (i < text.size() && std::iswspace(wint_t(text[i]))) ++i;
+    if (i < text.size() && text[i] == L'+') ++i;
+    for (; i < text.size() && text[i] < 0x80; ++i) ascii.push_back(char(text[i]));
+    return ascii;
+}
+
+}  // namespace
+
 double TLString::ToDouble() const {
-    try {
-        std::size_t used = 0;
-        return std::stod(mText, &used);
-    } catch (...) {
-        return 0.0;
-    }
+    const std::string ascii = numberPrefix(mText);
+    double value = 0.0;
+    auto [end, error] = std::from_chars(ascii.data(), ascii.data() + ascii.size(), value);
+    (void)end;
+    return error == std::errc() ? value : 0.0;
 }
 
 int TLString::ToInt() const {
-    try {
-        return std::stoi(mText);
-    } catch (...) {
-        return 0;
-    }
+    const std::string ascii = numberPrefix(mText);
+    int value = 0;
+    auto [end, error] = std::from_chars(ascii.data(), ascii.data() + ascii.size(), value);
+    (void)end;
+    return error == std::errc() ? value : 0;
 }
 
 TLString TLString::Number(double value) {

@@ -146,6 +146,8 @@ TEST(TLString, NumbersFromTextAndJunk) {
     EXPECT_EQ(TLString("").ToDouble(), 0);
     EXPECT_EQ(TLString("-").ToDouble(), 0);
     EXPECT_EQ(TLString("1e999").ToDouble(), 0);  // out of range
+    EXPECT_EQ(TLString(" +2.5 m").ToDouble(), 2.5);  // the leading number, sign and blanks allowed
+    EXPECT_EQ(TLString("12abc").ToInt(), 12);
     EXPECT_EQ(TLString("42").ToInt(), 42);
     EXPECT_EQ(TLString(" -7").ToInt(), -7);
     EXPECT_EQ(TLString("7.9").ToInt(), 7);
