@@ -1,0 +1,573 @@
+#pragma once
+
+#include <vector>
+
+#include "TLToolText.h"
+#include "digitize/TLDigitizeConstruction.h"
+#include "digitize/TLDigitizeKey.h"
+#include "digitize/TLSelectAssistTool.h"
+#include "tlmap/TLDrawCommonTool.h"
+#include "tlmap/TLFeatureLayer.h"
+#include "tlmap/TLMapView.h"
+#include "tlmap/TLRubberBand.h"
+#include "tlmap/TLSnapReckon.h"
+#include "tlmap/TLToolBuddy.h"
+
+namespace TMObjects {
+
+// The input machine of the command-line digitizing commands: what a left click, a pointer move
+// and a typed value do while a shape is under way, sub-command by sub-command. The commands keep
+// the state in their own plain fields; the machine only works on them, so that the line and
+// polygon commands run the same steps and differ only where their closing rules and texts do.
+//
+// A `Tool` provides:
+// - the fields mainBand, guideBand, layer, points, refStart, refEnd, crossStart, crossEnd,
+//   pickStart, pickEnd, turnAngle, pointCount, childStep, childCmd, lastPoint, livePoint,
+//   guideOff, and the buddy mBuddy;
+// - its ChildCmd values by the names ccNone to ccParallelExtend (their numbers may differ);
+// - kShapeBand, the band type its main and guide bands are reset to;
+// - kLengthPrompt (what YS and LE ask for) and kParallelPrompt (what PL asks for);
+// - countPrompt(), SelectFeatureFilter(x, y), setVerticalGuides(x1, y1, x2, y2, x3, y3).
+//
+// In the comments A is the second last vertex and B the last.
+template <class Tool>
+class TLDigitizeMachine {
+public:
+    explicit TLDigitizeMachine(Tool& tool) : t(tool) {}
+
+    // "Add P": a clicked, typed or constructed vertex joins the current part.
+    void addVertex(const TLPoint& p) {
+        t.points.push_back(p);
+        t.mainBand->AddPoint(p, -1);
+        t.lastPoint = p;
+        t.livePoint = p;
+        t.mainBand->Update();
+        ++t.pointCount;
+    }
+
+    void clearChildState() {
+        t.childCmd = Tool::ccNone;
+        t.childStep = 0;
+    }
+
+    // A left click while a part is under way. Sub-commands that wait for a typed value ignore
+    // the click; the others take it as their pick, direction or vertex.
+    void click(const TLPoint& p) {
+        switch (t.childCmd) {
+            case Tool::ccNone:
+                addVertex(p);
+                t.countPrompt();
+                break;
+            case Tool::ccVertical:
+            case Tool::ccParallel:
+                if (t.childStep == 1) pickReference(p);
+                break;
+            case Tool::ccInterval:
+                clickInterval(p);
+                break;
+            case Tool::ccExtend:
+                clickExtend(p);
+                break;
+            case Tool::ccSpecifyLength:
+                // The click wins over the distance that was asked for.
+                addVertex(p);
+                clearChildState();
+                t.countPrompt();
+                break;
+            case Tool::ccMicroTraverse:
+                clickDirection(p);
+                break;
+            case Tool::ccParallelExtend:
+                if (t.childStep == 1)
+                    pickParallel(p);
+                else if (t.childStep == 2)
+                    pickExtension(p);
+                break;
+            default:  // ccOffset and ccChangeLength take typed values only
+                break;
+        }
+    }
+
+    // The guide from the last vertex towards the pointer at `m` (snapped), by sub-command. The
+    // guide band holds the last vertex already. Where a construction point is shown, it is
+    // passed through the image conversion first, so that the guide joins a map point to a device
+    // point; that is how these guides have always been drawn and it is kept.
+    void guide(const TLPoint& m, const TLDisplayTransform& transform) {
+        const std::size_t count = t.points.size();
+        switch (t.childCmd) {
+            case Tool::ccNone:
+                if (count >= 2) t.setVerticalGuides(a().x, a().y, b().x, b().y, m.x, m.y);
+                if (count >= 1) extendGuide(m);
+                break;
+            case Tool::ccOffset:
+                extendGuide(m);
+                break;
+            case Tool::ccMicroTraverse:
+            case Tool::ccSpecifyLength:
+                if (count >= 1) extendGuide(m);
+                break;
+            case Tool::ccInterval: {
+                TLPoint corner;
+                if (TLDrawCommonTool::CalculateSpacePoint(t.mainBand, t.points, m.x, m.y, corner.x,
+                                                          corner.y))
+                    extendGuide(TLDigitizeConstruction::ImageForm(transform, corner));
+                extendGuide(m);
+                break;
+            }
+            case Tool::ccExtend: {
+                TLPoint foot;
+                if (count < 2)
+                    extendGuide(m);
+                else if (TLSnapReckon::getNotLinePlumb(a().x, a().y, b().x, b().y, m.x, m.y, foot.x,
+                                                       foot.y))
+                    extendGuide(TLDigitizeConstruction::ImageForm(transform, foot));
+                break;
+            }
+            case Tool::ccParallelExtend:
+                if (t.childStep == 2 && !TLDigitizeConstruction::AllZero(t.refStart, t.refEnd) &&
+                    count >= 1)
+                    extendGuide(
+                        TLDigitizeConstruction::ParallelExtendGuide(t.refStart, t.refEnd, b(), m));
+                break;
+            default:
+                // CZ and PL would draw at a second step, which they never reach: while they
+                // wait for a pick or a distance the guide stays empty. CL draws no guide.
+                break;
+        }
+    }
+
+    // A key that starts a sub-command: its first step and what it asks for. Those that wait for
+    // typed input hold the guide still, so that LE can measure along it.
+    void enter(TLDigitizeKey::Key key) {
+        switch (key) {
+            case TLDigitizeKey::Interval:
+                start(Tool::ccInterval, "Please specify a point [mouse click or X (y)]:", true);
+                break;
+            case TLDigitizeKey::Extension:
+                start(Tool::ccExtend, Tool::kLengthPrompt, false);
+                break;
+            case TLDigitizeKey::Parallel:
+                start(Tool::ccParallel, Tool::kParallelPrompt, false);
+                break;
+            case TLDigitizeKey::ParallelExtend:
+                start(Tool::ccParallelExtend, "Select parallel lines:", false);
+                break;
+            case TLDigitizeKey::Vertical:
+                start(Tool::ccVertical, "Perpendicular to the other line [select line]:", false);
+                break;
+            case TLDigitizeKey::MicroTraverse:
+                start(Tool::ccMicroTraverse, kDirectionPrompt, true);
+                break;
+            case TLDigitizeKey::SpecifyLength:
+                start(Tool::ccSpecifyLength, Tool::kLengthPrompt, true);
+                break;
+            case TLDigitizeKey::Offset:
+                start(Tool::ccOffset, "input offset coordinate:", true);
+                break;
+            case TLDigitizeKey::ModifyLength:
+                start(Tool::ccChangeLength, "please input length:", true);
+                break;
+            default:
+                break;
+        }
+    }
+
+    // FX: the vertices in the opposite order, drawing on from what was the first one. All parts
+    // become one.
+    void reverse() {
+        t.points = std::vector<TLPoint>(t.points.rbegin(), t.points.rend());
+        t.mainBand->Clear();
+        for (std::size_t i = 0; i < t.points.size(); ++i)
+            t.mainBand->AddPoint(t.points[i], i == 0 ? t.mainBand->GetGeometryCount() : -1);
+        t.mainBand->Update();
+        if (!t.points.empty()) t.lastPoint = t.points.back();
+        t.guideBand->Reset(Tool::kShapeBand);
+        t.guideBand->AddPoint(t.lastPoint, 0);
+        t.guideBand->AddPoint(t.livePoint, 0);
+        t.guideBand->Update();
+        t.countPrompt();
+    }
+
+    // A typed line while a sub-command waits. No key is recognised here: E, U and the others are
+    // only bad values. A bad value keeps the sub-command waiting.
+    void value(const TLString& text) {
+        if (t.childStep == 1) {
+            firstStepValue(text);
+        } else if (t.childCmd == Tool::ccMicroTraverse && t.childStep == 2) {
+            traverseAngle(text);
+        } else if (t.childCmd == Tool::ccMicroTraverse && t.childStep == 3) {
+            traverseDistance(text);
+        }
+    }
+
+    static constexpr const char* kDistancePrompt = "input distance:";
+    static constexpr const char* kDirectionPrompt =
+        "Micro wire - keyboard input angle (K) / > mouse click on the specified direction:";
+
+private:
+    const TLPoint& b() const { return t.points.back(); }
+    // Throws std::out_of_range with fewer than two vertices: CL on a one-point line ends there.
+    const TLPoint& a() const { return t.points.at(t.points.size() - 2); }
+
+    void prompt(const char* text) { t.mBuddy->SetPrompt(toolText(text)); }
+    void message(const char* text) { t.mBuddy->AppendMessage(toolText(text)); }
+
+    // "End": the count prompt, then plain input again.
+    void end() {
+        t.countPrompt();
+        clearChildState();
+    }
+
+    void start(typename Tool::ChildCmd cmd, const char* text, bool holdGuide) {
+        t.childCmd = cmd;
+        t.childStep = 1;
+        prompt(text);
+        if (holdGuide) t.guideOff = true;
+    }
+
+    void extendGuide(const TLPoint& q) {
+        t.guideBand->AddPoint(q, 0);
+        t.livePoint = q;
+        t.guideBand->Update();
+    }
+
+    void resetGuide(TLRubberBand::RubberBandType type) {
+        t.guideBand->Reset(type);
+        t.guideBand->Update();
+    }
+
+    // The guide as a segment from `from` to where it ended last.
+    void guideFrom(const TLPoint& from) {
+        t.guideBand->Reset(Tool::kShapeBand);
+        t.guideBand->AddPoint(from, 0);
+        t.guideBand->AddPoint(t.livePoint, 0);
+        t.guideBand->Update();
+    }
+
+    // ---- picks ----
+
+    // The segment under the pointer; on a hit the edit layer's features there are highlighted.
+    bool pick(const TLPoint& p, TLPoint& start, TLPoint& end) {
+        double x1 = 0, y1 = 0, x2 = 0, y2 = 0;
+        TLSelectAssistTool().PickSegment(t.mBuddy, &p.x, &p.y, &x1, &y1, &x2, &y2);
+        if (TLDigitizeConstruction::AllZero(TLPoint(x1, y1), TLPoint(x2, y2))) return false;
+        start = TLPoint(x1, y1);
+        end = TLPoint(x2, y2);
+        highlight(p);
+        return true;
+    }
+
+    void highlight(const TLPoint& p) {
+        t.layer->ClearSelect(false);
+        t.layer->SelectFeatures(t.SelectFeatureFilter(p.x, p.y), 0, 0);
+        t.mBuddy->GetMapView()->Refresh(nullptr, TLMapCache::SelectionCache, TLRect());
+    }
+
+    // CZ and PL: the picked segment becomes the reference; the distance is typed next, at the
+    // same step.
+    void pickReference(const TLPoint& p) {
+        TLPoint start, end;
+        if (!pick(p, start, end)) return;
+        t.refStart = start;
+        t.refEnd = end;
+        prompt(kDistancePrompt);
+    }
+
+    // PY, first pick: the reference becomes the line through B parallel to the picked segment.
+    // The step counts as an input step although no vertex was added; only the prompt shows it.
+    void pickParallel(const TLPoint& p) {
+        if (t.points.empty()) return;
+        if (!pick(p, t.pickStart, t.pickEnd)) return;
+        t.refStart = b();
+        t.refEnd = TLDigitizeConstruction::ParallelThrough(b(), t.pickStart, t.pickEnd);
+        ++t.pointCount;
+        ++t.childStep;
+        prompt("Please choose extension line:");
+    }
+
+    // PY, second pick: the vertex is where the parallel meets the picked line.
+    void pickExtension(const TLPoint& p) {
+        if (!pick(p, t.crossStart, t.crossEnd)) return;
+        if (t.pickStart == t.crossStart && t.pickEnd == t.crossEnd) {
+            prompt(
+                "Parallel lines and extension lines coincid,please select extension lines "
+                "again:");
+            return;
+        }
+        TLPoint crossing;
+        if (!TLDrawCommonTool::CalculateIntersectPoint(
+                t.refStart.x, t.refStart.y, t.refEnd.x, t.refEnd.y, t.crossStart.x, t.crossStart.y,
+                t.crossEnd.x, t.crossEnd.y, crossing.x, crossing.y))
+            return;
+        highlight(p);
+        addVertex(crossing);
+        clearChildState();
+        t.countPrompt();
+    }
+
+    // ---- clicks ----
+
+    // J: the corner that squares the path to the click, then the click itself. Without a
+    // corner the sub-command stays for the next click.
+    void clickInterval(const TLPoint& p) {
+        TLPoint corner;
+        if (TLDrawCommonTool::CalculateSpacePoint(t.mainBand, t.points, p.x, p.y, corner.x,
+                                                  corner.y)) {
+            addVertex(corner);
+            clearChildState();
+            t.countPrompt();
+        }
+        addVertex(p);
+        resetGuide(TLRubberBand::LineBand);
+        t.guideOff = false;
+        t.countPrompt();
+    }
+
+    // YS: the foot of the click on the last segment's line, which lengthens or shortens it.
+    void clickExtend(const TLPoint& p) {
+        if (t.points.size() < 2) {
+            addVertex(p);
+            t.countPrompt();
+            return;
+        }
+        TLPoint foot;
+        if (!TLDrawCommonTool::GetNotLinePlumb(a().x, a().y, b().x, b().y, p.x, p.y, foot.x,
+                                               foot.y))
+            return;
+        addVertex(foot);
+        clearChildState();
+        t.countPrompt();
+    }
+
+    // AS: the click gives the turn; the distance is typed at the third step.
+    void clickDirection(const TLPoint& p) {
+        if (t.childStep != 1 || t.points.size() < 2) return;
+        t.turnAngle = TLDigitizeConstruction::MicroTraverseTurn(a(), b(), p);
+        t.childStep += 2;
+        prompt(kDistancePrompt);
+    }
+
+    // ---- typed values ----
+
+    static bool readNumber(const TLString& text, double& number) {
+        if (!TLDrawCommonTool::CheckStrIsDouble(text)) return false;
+        number = text.ToDouble();
+        return true;
+    }
+
+    void firstStepValue(const TLString& text) {
+        switch (t.childCmd) {
+            case Tool::ccOffset:
+                typeOffset(text);
+                break;
+            case Tool::ccChangeLength:
+                typeLength(text);
+                break;
+            case Tool::ccVertical:
+                typeVertical(text);
+                break;
+            case Tool::ccInterval:
+                typeInterval(text);
+                break;
+            case Tool::ccExtend:
+                typeExtend(text);
+                break;
+            case Tool::ccSpecifyLength:
+                typeSpecifyLength(text);
+                break;
+            case Tool::ccMicroTraverse:
+                typeTraverseKey(text);
+                break;
+            case Tool::ccParallel:
+                typeParallel(text);
+                break;
+            default:  // PY takes picks only
+                break;
+        }
+    }
+
+    void refuseDistance() {
+        message("The input distance is not legal!");
+        prompt(kDistancePrompt);
+    }
+
+    // OF: dx,dy from the last vertex.
+    void typeOffset(const TLString& text) {
+        double dx = 0, dy = 0;
+        if (!TLDrawCommonTool::ReadInputPoint(text, dx, dy)) {
+            message("Point coordinate or command input error, please re-enter!");
+            prompt("input offset coordinate:");
+            return;
+        }
+        if (t.points.empty()) return;
+        addVertex(TLPoint(b().x + dx, b().y + dy));
+        resetGuide(Tool::kShapeBand);
+        t.guideOff = false;
+        t.childStep = 0;
+        t.countPrompt();
+        t.Switch2CC(Tool::ccNone);
+    }
+
+    // CL: the last vertex moves along its segment so that the segment gets the typed length.
+    // The vertex is replaced, so pointCount stays.
+    void typeLength(const TLString& text) {
+        double length = 0;
+        if (!readNumber(text, length)) return;
+        TLPoint moved;
+        if (!TLDrawCommonTool::ChangeLength(a(), b(), moved, length)) return;
+        t.points.back() = moved;
+        t.mainBand->RemoveLastPoint(0);
+        t.mainBand->AddPoint(moved, -1);
+        t.mainBand->Update();
+        guideFrom(moved);
+        t.lastPoint = moved;
+        t.guideOff = false;
+        // CL is offered from the second input step on; below that it sets no prompt.
+        if (t.pointCount >= 2) t.countPrompt();
+        t.Switch2CC(Tool::ccNone);
+    }
+
+    // CZ: the vertex square off the reference line, the typed distance away from B towards it.
+    void typeVertical(const TLString& text) {
+        double distance = 0;
+        if (!readNumber(text, distance)) {
+            // CZ says it the other way round: the prompt first, then the history line.
+            prompt(kDistancePrompt);
+            message("The input distance is not legal!");
+            return;
+        }
+        TLPoint foot, q;
+        if (!t.points.empty() && !TLDigitizeConstruction::AllZero(t.refStart, t.refEnd) &&
+            TLDrawCommonTool::GetNotLinePlumb(t.refStart.x, t.refStart.y, t.refEnd.x, t.refEnd.y,
+                                              b().x, b().y, foot.x, foot.y) &&
+            TLDrawCommonTool::CalculateDistancePoint(b().x, b().y, foot.x, foot.y, distance, q.x,
+                                                     q.y)) {
+            t.mainBand->AddPoint(q, -1);
+            t.lastPoint = q;
+            t.livePoint = q;
+            t.points.push_back(q);
+            ++t.pointCount;
+        }
+        t.mainBand->Update();
+        t.layer->ClearSelect(false);
+        t.childStep = 0;
+        end();
+    }
+
+    // J typed: the corner if one is needed, then the typed point.
+    void typeInterval(const TLString& text) {
+        TLPoint p;
+        if (!TLDrawCommonTool::ReadInputPoint(text, p.x, p.y)) {
+            message("input point format error!");
+            return;
+        }
+        TLPoint corner;
+        if (TLDrawCommonTool::CalculateSpacePoint(t.mainBand, t.points, p.x, p.y, corner.x,
+                                                  corner.y))
+            addVertex(corner);
+        addVertex(p);
+        resetGuide(Tool::kShapeBand);
+        t.guideOff = false;
+        end();
+    }
+
+    // YS typed: the last segment goes on by the distance.
+    void typeExtend(const TLString& text) {
+        double distance = 0;
+        if (!readNumber(text, distance)) {
+            refuseDistance();
+            return;
+        }
+        if (t.points.size() >= 2) {
+            TLPoint from = a(), to = b(), q;
+            if (TLDrawCommonTool::CalculateExtendPoint(&from, &to, distance, q.x, q.y)) {
+                addVertex(q);
+                resetGuide(Tool::kShapeBand);
+            }
+        }
+        end();
+    }
+
+    // LE typed: the distance runs from the last vertex along the guide as it stood when LE was
+    // typed, towards where the pointer was.
+    void typeSpecifyLength(const TLString& text) {
+        double distance = 0;
+        if (!readNumber(text, distance)) {
+            refuseDistance();
+            return;
+        }
+        TLPoint q;
+        if (!t.points.empty() &&
+            TLDrawCommonTool::CalculateDistancePoint(t.lastPoint.x, t.lastPoint.y, t.livePoint.x,
+                                                     t.livePoint.y, distance, q.x, q.y))
+            addVertex(q);
+        t.childStep = 0;
+        t.guideOff = false;
+        end();
+    }
+
+    // AS, first step: the letter k asks for the angle by keyboard.
+    void typeTraverseKey(const TLString& text) {
+        if (text.trim().CompareNoCase("k") != 0) {
+            message("Point coordinate or command input error, please re-enter!");
+            prompt(kDirectionPrompt);
+            return;
+        }
+        prompt("Please enter the angle (degree):");
+        t.childStep = 2;
+    }
+
+    void traverseAngle(const TLString& text) {
+        double angle = 0;
+        if (!readNumber(text, angle)) {
+            message("Incorrect input angle!");
+            prompt("Please enter the angle (degree):");
+            return;
+        }
+        t.turnAngle = angle;
+        t.childStep = 3;
+        prompt(kDistancePrompt);
+    }
+
+    void traverseDistance(const TLString& text) {
+        double distance = 0;
+        if (!readNumber(text, distance)) {
+            refuseDistance();
+            return;
+        }
+        TLPoint q;
+        if (t.points.size() >= 2 &&
+            TLDrawCommonTool::CalculateMicroPoint(a().x, a().y, b().x, b().y, t.turnAngle, distance,
+                                                  q.x, q.y)) {
+            t.mainBand->AddPoint(q, -1);
+            t.mainBand->Update();
+            t.lastPoint = q;
+            t.livePoint = q;
+            guideFrom(q);
+            t.points.push_back(q);
+            ++t.pointCount;
+            t.guideOff = false;
+        }
+        t.countPrompt();
+        t.Switch2CC(Tool::ccNone);
+    }
+
+    // PL typed: B moved by the distance along the reference; the sign picks the direction. A
+    // distance of 0 would double B, so it is not taken and PL still waits.
+    void typeParallel(const TLString& text) {
+        double distance = 0;
+        if (!readNumber(text, distance)) {
+            refuseDistance();
+            return;
+        }
+        if (distance == 0) return;
+        if (!t.points.empty() && !TLDigitizeConstruction::AllZero(t.refStart, t.refEnd))
+            addVertex(TLDigitizeConstruction::ParallelOffset(b(), t.refStart, t.refEnd, distance));
+        t.childStep = 0;
+        end();
+    }
+
+    Tool& t;
+};
+
+}  // namespace TMObjects
