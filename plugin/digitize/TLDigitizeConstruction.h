@@ -10,7 +10,7 @@ class TLDisplayTransform;
 // host's calculators: the dashed square guide, the micro-traverse angle of a click and the
 // parallel references. Stateless, so that the line and polygon commands share them.
 class TLDigitizeConstruction {
-  public:
+public:
     // The end of the dashed guide square to the segment from `a` to `b` at `b`, as long as the
     // pointer `m` is far from `b`, on the pointer's side. False while the pointer leaves `b` at an
     // angle to the segment outside 60 to 120 degrees, where no guide is shown.

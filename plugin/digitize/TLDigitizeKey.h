@@ -7,7 +7,7 @@ namespace TMObjects {
 // The typed keys of the command-line digitizing tools. A key is the whole line in any case:
 // blanks around it make it no key.
 class TLDigitizeKey {
-  public:
+public:
     enum Key {
         NoKey,
         Finish,          // E

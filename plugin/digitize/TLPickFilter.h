@@ -10,7 +10,7 @@ class TLFeatureLayer;
 // The filter by which a click selects features of a layer: a square of the selection tolerance
 // around the map point, in the layer's coordinates, inside the layer's own standing filter.
 class TLPickFilter {
-  public:
+public:
     // A default filter when the view, its map or its transform is missing.
     static TLQueryFilter Build(TLMapView* view, TLFeatureLayer* layer, double x, double y);
 };

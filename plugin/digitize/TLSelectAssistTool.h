@@ -17,7 +17,7 @@ class TLCoordinateSystem;
 // There is no search for the nearest segment. The search goes through each layer's spatial index
 // with a square of three pixels around the point.
 class TL_ACTIONEX_EXPORT TLSelectAssistTool {
-  public:
+public:
     TLSelectAssistTool();
     virtual ~TLSelectAssistTool();
 
@@ -37,7 +37,7 @@ class TL_ACTIONEX_EXPORT TLSelectAssistTool {
                                             TLPoint& segmentStart, TLPoint& segmentEnd,
                                             TLPoint& foot);
 
-  private:
+private:
     struct Hit {
         TLFeatureLayer* layer = nullptr;
         int featureId = -1;
