@@ -139,12 +139,6 @@ TEST_F(RubberBand, ClosePointsRepeatsTheFirstPointOnce) {
 TEST_F(RubberBand, RegistersWithItsViewAndAsksForOverlayRepaints) {
     auto* band = new TLRubberBand(view.get(), TLRubberBand::LineBand);
     ASSERT_EQ(view->RubberBands(), std::vector<TLRubberBand*>{band});
-    band->SetPenStyle(TLPen::DashLine, 1.5, TLColor(255, 0, 0));
-    band->SetBrushStyle(TLBrush::SolidPattern, TLColor(255, 0, 0, 50));
-    EXPECT_EQ(band->Pen().style, TLPen::DashLine);
-    EXPECT_EQ(band->Pen().width, 1.5);
-    EXPECT_EQ(band->Brush().color.getA(), 50);
-
     band->Update();
     band->Update();
     EXPECT_EQ(band->UpdateCount(), 2);

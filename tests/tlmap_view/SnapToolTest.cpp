@@ -161,11 +161,6 @@ TEST_F(SnapTool, WithoutAResultThePointStaysAsItWas) {
 
 TEST_F(SnapTool, DrawShowsTheMarkerAndRepaintsOnlyOnChange) {
     addRoad();
-    EXPECT_TRUE(snap.CanSnap());
-    TLSnapEnvironment::Instance()->setEnabled(false);
-    EXPECT_FALSE(snap.CanSnap());
-    TLSnapEnvironment::Instance()->setEnabled(true);
-
     snap.Snap(195, 103, nullptr);
     snap.Draw(view->GetDisplayTransform(), TLSnapEnvironment::Instance());
     EXPECT_TRUE(view->HasSnapMarker());
