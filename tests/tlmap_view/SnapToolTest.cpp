@@ -9,7 +9,7 @@ namespace {
 using R = RecordingListener;
 
 class SnapTool : public ViewFixture {
-  protected:
+protected:
     void SetUp() override {
         ViewFixture::SetUp();
         ASSERT_TRUE(snap.Init(buddy.get()));

@@ -60,7 +60,7 @@ struct RecordingListener : TLMapViewListener {
 // A map shown in 800 x 600 pixels as x 0..800, y 0..600, one map unit a pixel, with the
 // host's buddy on the view and snapping switched on with a 10 pixel tolerance.
 class ViewFixture : public ::testing::Test {
-  protected:
+protected:
     void SetUp() override;
     void TearDown() override;
 
