@@ -3,6 +3,8 @@
 #include <memory>
 
 #include "tlgeo/TLGeoEnvelope.h"
+#include "tlgeo/TLGeoPolygon.h"
+#include "tlgeo/TLGeoPolyline.h"
 #include "tlmap/TLFeatureLayer.h"
 #include "tlmap/TLMapView.h"
 #include "tlmap/TLSnapReckon.h"
@@ -103,10 +105,17 @@ bool TLSelectAssistTool::searchLayer(TLFeatureLayer* layer, TLCoordinateSystem* 
         projector->ProjTmGeometry(envelope, envelope->GetType());
     }
 
+    // With both systems alike, the bounds found through the index stand in for the layer's
+    // search: a hit on a segment of a feature proves that the feature meets the envelope, which
+    // spares the exact test of every candidate. Only a hit on the step between two parts proves
+    // nothing and is checked. With the envelope in the layer's system, and the point still in the
+    // map's, there is no such proof, and the layer's own search decides.
     TLQueryFilter filter;
     filter.SetFilterGeometry(envelope);
     filter.SetSpatialRel(TLSpatialRelIntersects);
-    for (int id : table->Search(filter)) {
+    const std::vector<int> candidates =
+        projector ? table->Search(filter) : table->SearchBounds(envelope->GetBound());
+    for (int id : candidates) {
         const TLFeature* feature = table->PeekFeature(id);
         TLRefPtr<TLGeometry> geometry = feature ? feature->GetGeometry() : nullptr;
         if (!geometry) continue;
@@ -115,13 +124,22 @@ bool TLSelectAssistTool::searchLayer(TLFeatureLayer* layer, TLCoordinateSystem* 
         if (projector) projector->ProjTmGeometry(envelope, envelope->GetType());
         // The vertices are in the layer's system and the point is compared with them as it
         // stands, in the map's: on a layer in another system the two are mixed.
-        if (firstSegment(geometry.get(), x, y, tolerance, hit)) {
-            hit.layer = layer;
-            hit.featureId = id;
-            return true;
-        }
+        if (!firstSegment(geometry.get(), x, y, tolerance, hit)) continue;
+        if (!projector && joinsParts(geometry.get(), hit.startIndex) &&
+            !envelope->Intersects(geometry.get()))
+            continue;
+        hit.layer = layer;
+        hit.featureId = id;
+        return true;
     }
     return false;
+}
+
+bool TLSelectAssistTool::joinsParts(TLGeometry* geometry, int startIndex) {
+    const TLPartList* parts = nullptr;
+    if (auto* line = dynamic_cast<TLGeoPolyline*>(geometry)) parts = &line->Parts();
+    if (auto* polygon = dynamic_cast<TLGeoPolygon*>(geometry)) parts = &polygon->Parts();
+    return parts && parts->PartOf(startIndex) != parts->PartOf(startIndex + 1);
 }
 
 bool TLSelectAssistTool::firstSegment(TLGeometry* geometry, double x, double y, double tolerance,
@@ -141,6 +159,7 @@ bool TLSelectAssistTool::firstSegment(TLGeometry* geometry, double x, double y, 
         hit.start = TLPoint(x1, y1);
         hit.end = TLPoint(x2, y2);
         hit.foot = TLPoint(fx, fy);
+        hit.startIndex = i;
         return true;
     }
     return false;

@@ -44,12 +44,15 @@ private:
         TLPoint start;
         TLPoint end;
         TLPoint foot;
+        int startIndex = -1;  // raw index of the segment's first vertex
     };
 
     bool search(TLToolBuddy* buddy, double x, double y, Hit& hit) const;
     bool searchLayer(TLFeatureLayer* layer, TLCoordinateSystem* mapReference, TLGeometry* envelope,
                      double x, double y, double tolerance, Hit& hit) const;
     static bool firstSegment(TLGeometry* geometry, double x, double y, double tolerance, Hit& hit);
+    // Whether the segment from the raw index runs from one part into the next.
+    static bool joinsParts(TLGeometry* geometry, int startIndex);
     TLRefPtr<TLGeometry> selectHit(const Hit& hit) const;
 };
 

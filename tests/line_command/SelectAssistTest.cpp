@@ -83,6 +83,23 @@ TEST_F(SelectAssist, OnlyWithinThreePixelsAndOnlyOnTheSegmentItself) {
     EXPECT_EQ(pick(200, 129), (Segment{100, 100, 300, 100}));
 }
 
+TEST_F(SelectAssist, TheStepBetweenTwoPartsCountsOnlyWhereTheFeatureReaches) {
+    TLFeatureLayer* roads = addLayer(TLLayer::LineLayer);
+    TLRefPtr<TLGeoPolyline> line(new TLGeoPolyline);
+    line->BeginPath();
+    line->AddXY(0, 100);
+    line->AddXY(100, 100);
+    line->BeginPath();
+    line->AddXY(300, 100);
+    line->AddXY(400, 98);
+    line->EndEntity();
+    add(roads, line);
+    // The feature does not come near (200, 100): the search does not give it at all.
+    EXPECT_EQ(pick(200, 100), (Segment{0, 0, 0, 0}));
+    // Near its second part it is given, and the step comes first in vertex order.
+    EXPECT_EQ(pick(300, 101), (Segment{100, 100, 300, 100}));
+}
+
 TEST_F(SelectAssist, PolygonRingsArePickedLikeLinesOtherKindsNot) {
     TLFeatureLayer* wells = addLayer(TLLayer::PointLayer);
     addLine(wells, {{0, 300}, {800, 300}});
