@@ -1,32 +1,14 @@
 #include <proj.h>
 
 #include "LineSession.h"
+#include "LineTexts.h"
 #include "tlmap/TLEditor.h"
 #include "tlmap/TLSnapTool.h"
 
 namespace TMObjects {
 namespace {
 
-const char* kFirst = "Specify the first point:";
-const char* kCommand = "Command:Drawing Line";
-const char* kWrongLayer =
-    "The current layer is not a line layer. Please select the line layer editor!";
-const char* kCount1 =
-    "Offset coordinate(OF)/Vertical distance(CZ)/Parallel lines(PL)/Specify length(LE)/Parallel "
-    "extension(PY)/Give up(U)/Finish(E)/<Specify point>:";
-const char* kCount2 =
-    "Offset coordinate(OF)/Modify length(CL)/Vertical distance(CZ)/Micro-traverse(AS)/Parallel "
-    "lines(PL)/Specify length(LE)/Parallel extension(PY)/Reversion(FX)/Extension(YS)/Interval "
-    "with one point(J)/Give up(U)/Finish(E)/<Specify point>:";
-const char* kTypedCount2 =
-    "Offset coordinate(OF)/Modify length(CL)/Vertical distance(CZ)/Micro-traverse(AS)/Parallel "
-    "lines(PL)/Specify length(LE)/Parallel extension(PY)/Reversion(FX)/Extension(YS)/Interval "
-    "with one point(J)/Give up(U)/<Specify point>:";
-const char* kCount3 =
-    "Offset coordinate(OF)/Modify length(CL)/Vertical distance(CZ)/Micro-traverse(AS)/Parallel "
-    "lines(PL)/Specify length(LE)/Parallel extension(PY)/Reversion(FX)/Extension(YS)/Interval "
-    "with one point(J)/Close after an interval pint(D)/Give up(U)/Finish(E)/Close(C)/<Specify "
-    "point>:";
+using namespace line_texts;
 
 class LineInput : public LineSession {};
 

@@ -1,30 +1,13 @@
 #include <cmath>
 
 #include "LineSession.h"
+#include "LineTexts.h"
 #include "tlmap/TLEditor.h"
 
 namespace TMObjects {
 namespace {
 
-const char* kFirst = "Specify the first point:";
-const char* kFirstAgain = "Please specify first point:";
-const char* kBadText = "Point coordinate or command input error, please re-enter!";
-const char* kBadDistance = "The input distance is not legal!";
-const char* kDistance = "input distance:";
-const char* kOffset = "input offset coordinate:";
-const char* kDirection =
-    "Micro wire - keyboard input angle (K) / > mouse click on the specified direction:";
-const char* kAngle = "Please enter the angle (degree):";
-const char* kInterval = "Please specify a point [mouse click or X (y)]:";
-const char* kCount2 =
-    "Offset coordinate(OF)/Modify length(CL)/Vertical distance(CZ)/Micro-traverse(AS)/Parallel "
-    "lines(PL)/Specify length(LE)/Parallel extension(PY)/Reversion(FX)/Extension(YS)/Interval "
-    "with one point(J)/Give up(U)/Finish(E)/<Specify point>:";
-const char* kCount3 =
-    "Offset coordinate(OF)/Modify length(CL)/Vertical distance(CZ)/Micro-traverse(AS)/Parallel "
-    "lines(PL)/Specify length(LE)/Parallel extension(PY)/Reversion(FX)/Extension(YS)/Interval "
-    "with one point(J)/Close after an interval pint(D)/Give up(U)/Finish(E)/Close(C)/<Specify "
-    "point>:";
+using namespace line_texts;
 
 // Every scenario starts from a line (100, 100) - (200, 100) drawn by two clicks.
 class SubCommand : public LineSession {

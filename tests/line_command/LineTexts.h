@@ -1,0 +1,38 @@
+#pragma once
+
+// The texts of the line command as the user reads them.
+namespace TMObjects {
+namespace line_texts {
+
+inline constexpr const char* kFirst = "Specify the first point:";
+inline constexpr const char* kFirstAgain = "Please specify first point:";
+inline constexpr const char* kCommand = "Command:Drawing Line";
+inline constexpr const char* kWrongLayer =
+    "The current layer is not a line layer. Please select the line layer editor!";
+inline constexpr const char* kBadText = "Point coordinate or command input error, please re-enter!";
+inline constexpr const char* kBadDistance = "The input distance is not legal!";
+inline constexpr const char* kDistance = "input distance:";
+inline constexpr const char* kOffset = "input offset coordinate:";
+inline constexpr const char* kDirection =
+    "Micro wire - keyboard input angle (K) / > mouse click on the specified direction:";
+inline constexpr const char* kAngle = "Please enter the angle (degree):";
+inline constexpr const char* kInterval = "Please specify a point [mouse click or X (y)]:";
+inline constexpr const char* kCount1 =
+    "Offset coordinate(OF)/Vertical distance(CZ)/Parallel lines(PL)/Specify length(LE)/Parallel "
+    "extension(PY)/Give up(U)/Finish(E)/<Specify point>:";
+inline constexpr const char* kCount2 =
+    "Offset coordinate(OF)/Modify length(CL)/Vertical distance(CZ)/Micro-traverse(AS)/Parallel "
+    "lines(PL)/Specify length(LE)/Parallel extension(PY)/Reversion(FX)/Extension(YS)/Interval "
+    "with one point(J)/Give up(U)/Finish(E)/<Specify point>:";
+inline constexpr const char* kTypedCount2 =
+    "Offset coordinate(OF)/Modify length(CL)/Vertical distance(CZ)/Micro-traverse(AS)/Parallel "
+    "lines(PL)/Specify length(LE)/Parallel extension(PY)/Reversion(FX)/Extension(YS)/Interval "
+    "with one point(J)/Give up(U)/<Specify point>:";
+inline constexpr const char* kCount3 =
+    "Offset coordinate(OF)/Modify length(CL)/Vertical distance(CZ)/Micro-traverse(AS)/Parallel "
+    "lines(PL)/Specify length(LE)/Parallel extension(PY)/Reversion(FX)/Extension(YS)/Interval "
+    "with one point(J)/Close after an interval pint(D)/Give up(U)/Finish(E)/Close(C)/<Specify "
+    "point>:";
+
+}  // namespace line_texts
+}  // namespace TMObjects
