@@ -12,11 +12,15 @@ namespace TMObjects {
 
 // A feature: an id, a geometry and attribute values by field name. A feature made by a tool
 // carries its geometry only; a feature read from a table carries that table's fields.
+// Copies are deep: a copy owns a clone of the geometry, so that what a table or an undo step keeps
+// cannot be changed through a feature handed out to a tool.
 class TLFeature : public virtual TLRefBase {
-public:
+  public:
     TLFeature() = default;
     TLFeature(const TLFeature& other);
     TLFeature& operator=(const TLFeature& other);
+    TLFeature(TLFeature&& other) noexcept;
+    TLFeature& operator=(TLFeature&& other) noexcept;
 
     void SetGeometry(TLRefPtr<TLGeometry> geometry) { mGeometry = geometry; }
     TLRefPtr<TLGeometry> GetGeometry() const { return mGeometry; }
@@ -31,8 +35,11 @@ public:
     void SetFields(std::shared_ptr<const TLFields> fields) { mFields = std::move(fields); }
     // The values by name (field names in the case they were set with).
     const std::map<TLString, TLVariant>& Values() const { return mValues; }
+    // True when both carry the same id, values and coordinates (parts, Z values included). Undo
+    // bookkeeping uses it to tell a real change from a write that put back what was there.
+    bool SameContent(const TLFeature& other) const;
 
-private:
+  private:
     int mId = -1;
     TLRefPtr<TLGeometry> mGeometry;
     std::shared_ptr<const TLFields> mFields;

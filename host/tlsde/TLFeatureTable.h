@@ -19,7 +19,7 @@ class TLSpatialIndex;
 
 // Told of every change of a table's features, for views and session records.
 class TLFeatureTableListener {
-public:
+  public:
     virtual ~TLFeatureTableListener() = default;
     enum Change { Added, Deleted, GeometryChanged, AttributesChanged };
     virtual void OnFeatureChanged(TLFeatureTable* table, Change change, int id) = 0;
@@ -29,7 +29,7 @@ public:
 // layer's coordinates, with a spatial index over their bounds and a segment index for snapping.
 // Changes are tracked against the store until Save.
 class TLFeatureTable : public TLRefBase {
-public:
+  public:
     TLFeatureTable(const TLString& name, const TLFields& fields,
                    std::unique_ptr<TLFeatureStore> store = nullptr);
     ~TLFeatureTable() override;
@@ -49,7 +49,9 @@ public:
     int NextId() const { return mNextId; }
 
     // Ids of the features that pass the filter, ascending. The spatial part goes through the
-    // index; the where clause is then evaluated on the candidates.
+    // index; the where clause is then evaluated on the candidates. The relation reads "filter
+    // geometry <relation> feature" (within: the filter lies within the feature), and an envelope
+    // acts as its rectangle. A where clause that does not parse matches nothing.
     std::vector<int> Search(const TLQueryFilter& filter) const;
     // Ids whose bounds intersect the rectangle.
     std::vector<int> SearchBounds(const TLRect& rect) const;
@@ -67,6 +69,11 @@ public:
     bool SetValue(int id, const TLString& field, const TLVariant& value);
     // Puts a feature back exactly as given (or removes it for nullopt): undo and redo.
     void Restore(int id, const std::optional<TLFeature>& feature);
+    // The feature's geometry was changed in place through a shared pointer: index it anew, count
+    // it as changed and tell the listeners.
+    void Touch(int id);
+    // Deleted since the last save (and not put back).
+    bool IsDeleted(int id) const { return mDirty.count(id) != 0 && !HasFeature(id); }
 
     bool IsDirty() const { return !mDirty.empty(); }
     std::vector<TLFeatureChange> PendingChanges() const;
@@ -77,7 +84,7 @@ public:
     void AddListener(TLFeatureTableListener* listener);
     void RemoveListener(TLFeatureTableListener* listener);
 
-private:
+  private:
     void notify(TLFeatureTableListener::Change change, int id);
     void indexInsert(int id, const TLFeature& f);
     void indexRemove(int id);
@@ -90,7 +97,7 @@ private:
     std::set<int> mStored;  // ids the store has
     std::set<int> mDirty;   // ids changed since the last save
     int mNextId = 1;
-    mutable std::unique_ptr<TLSpatialIndex> mIndex;
+    mutable std::unique_ptr<TLSpatialIndex> mIndex;  // built on first use, then kept up to date
     std::vector<TLFeatureTableListener*> mListeners;
 };
 

@@ -19,10 +19,11 @@ struct TLSegmentRef {
     TLPoint b;
 };
 
-// Boost.Geometry R-trees over one table: the features' bounds, and (built on first use) every
-// segment and lone vertex, for snapping and picking that never scan a layer.
+// Boost.Geometry R-trees over one table: the features' bounds, and every segment and lone vertex,
+// for snapping and picking that never scan a layer. Ties between equally near candidates go to
+// the lower feature id, then the lower raw index.
 class TLSpatialIndex {
-public:
+  public:
     TLSpatialIndex();
     ~TLSpatialIndex();
 
@@ -32,16 +33,18 @@ public:
     void Rebuild(const std::vector<std::pair<int, TLGeometry*>>& features);
 
     std::vector<int> Query(const TLRect& rect) const;
-    // Segments whose bounds intersect the rectangle.
+    // Segments (and lone vertices) that meet the rectangle.
     void QuerySegments(const TLRect& rect, std::vector<TLSegmentRef>& out) const;
     // The nearest segment to p within `tolerance` (distance to the segment); false if none.
     bool NearestSegment(const TLPoint& p, double tolerance, TLSegmentRef& hit, TLPoint& foot) const;
-    // The nearest vertex to p within `tolerance`; false if none.
-    bool NearestVertex(const TLPoint& p, double tolerance, TLSegmentRef& hit, TLPoint& vertex) const;
+    // The nearest vertex to p within `tolerance`; false if none. `hit.start` is the vertex's raw
+    // index and both of its ends are the vertex.
+    bool NearestVertex(const TLPoint& p, double tolerance, TLSegmentRef& hit,
+                       TLPoint& vertex) const;
     TLRect Extent() const;
     std::size_t Size() const;
 
-private:
+  private:
     struct Impl;
     std::unique_ptr<Impl> mImpl;
 };

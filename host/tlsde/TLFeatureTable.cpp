@@ -1,0 +1,280 @@
+#include "tlsde/TLFeatureTable.h"
+
+#include <algorithm>
+
+#include "tlgeo/TLGeoEnvelope.h"
+#include "tlgeo/TLGeoPolygon.h"
+#include "tlsde/TLSpatialIndex.h"
+#include "tlsde/TLWhereClause.h"
+
+namespace TMObjects {
+
+namespace {
+
+// A rectangle as a polygon, so that relations see its area and not only its corners. A rectangle
+// without area stays an envelope: there is no valid polygon to make of it.
+TLRefPtr<TLGeometry> relatable(const TLRefPtr<TLGeometry>& filter) {
+    auto* envelope = dynamic_cast<TLGeoEnvelope*>(filter.get());
+    if (!envelope) return filter;
+    double x0, y0, x1, y1;
+    envelope->QueryCoords(&x0, &y0, &x1, &y1);
+    if (!(x0 < x1 && y0 < y1)) return filter;
+    TLRefPtr<TLGeoPolygon> polygon(new TLGeoPolygon());
+    polygon->BeginPath();
+    polygon->BeginSegment(1);
+    polygon->AddXY(x0, y0);
+    polygon->AddXY(x1, y0);
+    polygon->AddXY(x1, y1);
+    polygon->AddXY(x0, y1);
+    polygon->EndEntity();
+    polygon->Forward();
+    return TLRefPtr<TLGeometry>(polygon);
+}
+
+bool inside(const TLRect& inner, const TLRect& outer) {
+    return !inner.IsEmpty() && !outer.IsEmpty() && inner.XMinimum() >= outer.XMinimum() &&
+           inner.XMaximum() <= outer.XMaximum() && inner.YMinimum() >= outer.YMinimum() &&
+           inner.YMaximum() <= outer.YMaximum();
+}
+
+}  // namespace
+
+TLFeatureTable::TLFeatureTable(const TLString& name, const TLFields& fields,
+                               std::unique_ptr<TLFeatureStore> store)
+    : mName(name), mFields(std::make_shared<TLFields>(fields)), mStore(std::move(store)) {}
+
+TLFeatureTable::~TLFeatureTable() = default;
+
+TLString TLFeatureTable::GetWorkspaceType() const {
+    return mStore ? mStore->GetWorkspaceType() : TLString("Memory");
+}
+
+TLRefPtr<TLFeature> TLFeatureTable::GetFeature(int id) const {
+    const TLFeature* f = PeekFeature(id);
+    return f ? TLRefPtr<TLFeature>(new TLFeature(*f)) : TLRefPtr<TLFeature>();
+}
+
+const TLFeature* TLFeatureTable::PeekFeature(int id) const {
+    auto it = mFeatures.find(id);
+    return it == mFeatures.end() ? nullptr : &it->second;
+}
+
+std::vector<int> TLFeatureTable::GetIds() const {
+    std::vector<int> ids;
+    ids.reserve(mFeatures.size());
+    for (const auto& entry : mFeatures) ids.push_back(entry.first);
+    return ids;
+}
+
+std::vector<int> TLFeatureTable::Search(const TLQueryFilter& filter) const {
+    const TLWhereClause where(filter.GetWhereClause());
+    if (!where.IsValid()) return {};
+    const TLRefPtr<TLGeometry> geometry = filter.GetFilterGeometry();
+    const TLSpatialRelEnum relation = filter.GetSpatialRel();
+    std::vector<int> candidates;
+    TLRect rect;
+    TLRefPtr<TLGeometry> shape;
+    if (geometry) {
+        if (geometry->IsEmpty()) return {};
+        rect = geometry->GetBound();
+        // Only disjoint features lie outside the filter's bounds; every other relation needs
+        // the bounds to meet.
+        candidates = relation == TLSpatialRelDisjoint ? GetIds() : SearchBounds(rect);
+        shape = relatable(geometry);
+    } else {
+        candidates = GetIds();
+    }
+    const bool isEnvelope = dynamic_cast<TLGeoEnvelope*>(geometry.get()) != nullptr;
+    std::vector<int> ids;
+    for (int id : candidates) {
+        const TLFeature& f = mFeatures.at(id);
+        if (!where.Matches(f)) continue;
+        if (shape) {
+            TLGeometry* g = f.GetGeometry().get();
+            if (!g || g->IsEmpty()) continue;
+            if (relation == TLSpatialRelEnvelopeIntersects) {
+                if (!g->GetBound().Intersects(rect)) continue;
+            } else if (relation == TLSpatialRelIntersects && isEnvelope &&
+                       inside(g->GetBound(), rect)) {
+                // A feature whose bounds lie in the rectangle meets it; no need to ask GEOS.
+            } else if (!shape->Relation(g, relation)) {
+                continue;
+            }
+        }
+        ids.push_back(id);
+    }
+    return ids;
+}
+
+std::vector<int> TLFeatureTable::SearchBounds(const TLRect& rect) const {
+    std::vector<int> ids = Index().Query(rect);
+    std::sort(ids.begin(), ids.end());
+    return ids;
+}
+
+TLSpatialIndex& TLFeatureTable::Index() const {
+    if (!mIndex) {
+        std::vector<std::pair<int, TLGeometry*>> all;
+        all.reserve(mFeatures.size());
+        for (const auto& [id, f] : mFeatures) all.emplace_back(id, f.GetGeometry().get());
+        auto index = std::make_unique<TLSpatialIndex>();
+        index->Rebuild(all);
+        mIndex = std::move(index);
+    }
+    return *mIndex;
+}
+
+TLRect TLFeatureTable::GetExtent() const {
+    return Index().Extent();
+}
+
+void TLFeatureTable::Load(TLFeature feature) {
+    int id = feature.GetId();
+    if (id < 0 || HasFeature(id)) id = mNextId;
+    mFeatures[id] = normalised(feature);
+    mFeatures[id].SetId(id);
+    mNextId = std::max(mNextId, id + 1);
+    mStored.insert(id);
+    // A load is usually one of many: the index is packed again on its next use instead of
+    // growing one insert at a time.
+    mIndex.reset();
+}
+
+int TLFeatureTable::Insert(const TLFeature& feature) {
+    int id = feature.GetId();
+    if (id < 0 || HasFeature(id)) id = mNextId;
+    TLFeature& stored = mFeatures[id] = normalised(feature);
+    stored.SetId(id);
+    mNextId = std::max(mNextId, id + 1);
+    indexInsert(id, stored);
+    mDirty.insert(id);
+    notify(TLFeatureTableListener::Added, id);
+    return id;
+}
+
+bool TLFeatureTable::Delete(int id) {
+    auto it = mFeatures.find(id);
+    if (it == mFeatures.end()) return false;
+    mFeatures.erase(it);
+    indexRemove(id);
+    mDirty.insert(id);
+    notify(TLFeatureTableListener::Deleted, id);
+    return true;
+}
+
+bool TLFeatureTable::SetGeometry(int id, TLRefPtr<TLGeometry> geometry) {
+    auto it = mFeatures.find(id);
+    if (it == mFeatures.end()) return false;
+    // A copy, so that the caller may go on using its geometry without changing the table.
+    it->second.SetGeometry(geometry ? geometry->Clone() : TLRefPtr<TLGeometry>());
+    indexInsert(id, it->second);
+    mDirty.insert(id);
+    notify(TLFeatureTableListener::GeometryChanged, id);
+    return true;
+}
+
+bool TLFeatureTable::SetValue(int id, const TLString& field, const TLVariant& value) {
+    auto it = mFeatures.find(id);
+    if (it == mFeatures.end()) return false;
+    if (!it->second.SetValue(field, value)) return false;
+    mDirty.insert(id);
+    notify(TLFeatureTableListener::AttributesChanged, id);
+    return true;
+}
+
+void TLFeatureTable::Restore(int id, const std::optional<TLFeature>& feature) {
+    if (id < 0) return;
+    auto it = mFeatures.find(id);
+    if (!feature) {
+        if (it != mFeatures.end()) Delete(id);
+        return;
+    }
+    const bool existed = it != mFeatures.end();
+    TLFeature& stored = mFeatures[id] = *feature;
+    stored.SetId(id);
+    stored.SetFields(mFields);
+    mNextId = std::max(mNextId, id + 1);
+    indexInsert(id, stored);
+    mDirty.insert(id);
+    if (!existed) {
+        notify(TLFeatureTableListener::Added, id);
+    } else {
+        notify(TLFeatureTableListener::GeometryChanged, id);
+        notify(TLFeatureTableListener::AttributesChanged, id);
+    }
+}
+
+void TLFeatureTable::Touch(int id) {
+    auto it = mFeatures.find(id);
+    if (it == mFeatures.end()) return;
+    indexInsert(id, it->second);
+    mDirty.insert(id);
+    notify(TLFeatureTableListener::GeometryChanged, id);
+}
+
+std::vector<TLFeatureChange> TLFeatureTable::PendingChanges() const {
+    std::vector<TLFeatureChange> changes;
+    for (int id : mDirty) {
+        const bool stored = mStored.count(id) != 0;
+        auto it = mFeatures.find(id);
+        if (it == mFeatures.end()) {
+            // Made and deleted again since the last save: the store never needs to hear of it.
+            if (stored) changes.push_back(TLFeatureChange{id, false, std::nullopt});
+            continue;
+        }
+        changes.push_back(TLFeatureChange{id, !stored, it->second});
+    }
+    return changes;
+}
+
+bool TLFeatureTable::Save(TLString& error) {
+    error = TLString();
+    const std::vector<TLFeatureChange> changes = PendingChanges();
+    // On failure the changes stay pending, so that the user can try again or undo.
+    if (mStore && !changes.empty() && !mStore->Commit(*this, changes, error)) return false;
+    for (const TLFeatureChange& change : changes) {
+        if (change.after)
+            mStored.insert(change.id);
+        else
+            mStored.erase(change.id);
+    }
+    mDirty.clear();
+    return true;
+}
+
+void TLFeatureTable::AddListener(TLFeatureTableListener* listener) {
+    if (listener && std::find(mListeners.begin(), mListeners.end(), listener) == mListeners.end())
+        mListeners.push_back(listener);
+}
+
+void TLFeatureTable::RemoveListener(TLFeatureTableListener* listener) {
+    mListeners.erase(std::remove(mListeners.begin(), mListeners.end(), listener), mListeners.end());
+}
+
+void TLFeatureTable::notify(TLFeatureTableListener::Change change, int id) {
+    // A listener may remove itself or another one while it is told.
+    const std::vector<TLFeatureTableListener*> listeners = mListeners;
+    for (TLFeatureTableListener* listener : listeners) {
+        if (std::find(mListeners.begin(), mListeners.end(), listener) != mListeners.end())
+            listener->OnFeatureChanged(this, change, id);
+    }
+}
+
+void TLFeatureTable::indexInsert(int id, const TLFeature& f) {
+    if (mIndex) mIndex->Insert(id, f.GetGeometry().get());
+}
+
+void TLFeatureTable::indexRemove(int id) {
+    if (mIndex) mIndex->Remove(id);
+}
+
+TLFeature TLFeatureTable::normalised(const TLFeature& f) const {
+    TLFeature out;
+    out.SetId(f.GetId());
+    out.SetFields(mFields);
+    out.SetGeometry(f.GetGeometry() ? f.GetGeometry()->Clone() : TLRefPtr<TLGeometry>());
+    for (const auto& [name, value] : f.Values()) out.SetValue(name, value);
+    return out;
+}
+
+}  // namespace TMObjects
