@@ -14,7 +14,7 @@ class TLFeatureTable;
 
 // Told of the editor's operations, for the undo menu and session records.
 class TLEditorListener {
-public:
+  public:
     virtual ~TLEditorListener() = default;
     virtual void OnOperationStarted(const TLString& label) {}
     virtual void OnOperationCommitted(const TLString& label) {}
@@ -26,7 +26,7 @@ public:
 // The map's single editor: the edit layer and an undo stack in which each
 // StartOperation ... CommitOperation bracket is one step carrying its label.
 class TLEditor {
-public:
+  public:
     TLEditor();
     ~TLEditor();
 
@@ -42,9 +42,13 @@ public:
     bool IsOperationOpen() const { return mDepth > 0; }
     TLString OpenOperationLabel() const;
 
-    // Called by the edit buffers for each write: the feature as it was and as it is now.
+    // Called by the edit buffers for each write: the feature as it was and as it is now. A write
+    // outside any step becomes a step of its own, named by `label`.
     void RecordChange(TLFeatureTable* table, int id, std::optional<TLFeature> before,
-                      std::optional<TLFeature> after);
+                      std::optional<TLFeature> after, const TLString& label = TLString());
+    // A feature handed out with its geometry shared, to be changed in place: its present state is
+    // kept, and whatever differs when the step ends (or before the next write to it) is recorded.
+    void WatchFeature(TLFeatureTable* table, int id);
 
     bool CanUndo() const { return mUndoCount > 0; }
     bool CanRedo() const { return mUndoCount < int(mSteps.size()); }
@@ -60,7 +64,7 @@ public:
     void AddListener(TLEditorListener* listener);
     void RemoveListener(TLEditorListener* listener);
 
-private:
+  private:
     struct Change {
         TLRefPtr<TLFeatureTable> table;
         int id;
@@ -72,6 +76,22 @@ private:
         std::vector<Change> changes;
     };
 
+    struct Watch {
+        TLRefPtr<TLFeatureTable> table;
+        int id;
+        TLFeature before;
+    };
+
+    // What an in-place change made of a watched feature, as a change to record; false when the
+    // feature is as it was.
+    static bool settle(Watch& watch, const std::optional<TLFeature>& now, Change& change);
+    void settleWatches(std::vector<Change>& into);
+    void flushLooseWatches();
+    void pushStep(Step step);
+    void restore(const std::vector<Change>& changes, bool forward);
+    template <class F>
+    void tell(F call);
+
     TLRefPtr<TLLayer> mEditLayer;
     std::vector<Step> mSteps;
     int mUndoCount = 0;  // steps that can be undone; those above are redoable
@@ -79,6 +99,7 @@ private:
     int mDepth = 0;
     TLString mLastCommitted;
     std::vector<TLEditorListener*> mListeners;
+    std::vector<Watch> mWatches;
 };
 
 }  // namespace TMObjects

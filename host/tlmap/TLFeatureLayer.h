@@ -17,14 +17,18 @@ class TLFeatureRender;
 
 // Told when a layer's observers are notified (a finished drawing command, a saved edit).
 class TLLayerObserver {
-public:
+  public:
     virtual ~TLLayerObserver() = default;
     virtual void OnLayerNotify(TLLayer* layer, int hint) = 0;
 };
 
 // A layer of features, read from a TLFeatureTable that holds them in the layer's coordinates.
 class TLFeatureLayer : public TLLayer {
-public:
+  public:
+    // What NotifyObservers says happened.
+    enum NotifyHint { HintFeaturesChanged = 0, HintSelectionChanged = 1, HintSaved = 2 };
+
+    // A null table gives an empty one in memory, so that the layer is always usable.
     TLFeatureLayer(const TLString& name, LayerType type, TLRefPtr<TLFeatureTable> table,
                    TLRefPtr<TLCoordinateSystem> reference);
     ~TLFeatureLayer() override;
@@ -36,7 +40,8 @@ public:
     TLQueryFilter query_filter() const { return mStandingFilter; }
     void set_query_filter(const TLQueryFilter& filter) { mStandingFilter = filter; }
 
-    // Mode 0 replaces the selection, 4 adds to it.
+    // Mode 0 replaces the selection, 4 adds to it; any other mode replaces. False when the layer
+    // is not selectable, which leaves the selection alone. Deleted features leave the selection.
     virtual bool SelectFeatures(const TLQueryFilter& filter, int mode, int flags);
     bool ClearSelect(bool notify);
     bool AddSelect(TLFeature* feature, bool notify);
@@ -55,7 +60,9 @@ public:
     TLString display_field() const { return mDisplayField; }
     void set_display_field(const TLString& field) { mDisplayField = field; }
 
-    // A bracket of the layer's own for tools that edit without the map's editor at hand.
+    // A bracket of the layer's own for tools that edit without the map's editor at hand. A null
+    // editor means the map's. A start while the layer's own bracket is still open first closes
+    // it, so that a tool that forgot a commit does not fold every later edit into one step.
     void StartOperation(TLEditor* editor);
     bool CommitOperation();
     // Writes the pending edits to the data store in one transaction.
@@ -74,7 +81,9 @@ public:
     // The change notification: each observer hears (this layer, hint).
     void NotifyObservers(int hint);
 
-private:
+  private:
+    class SelectionKeeper;
+
     TLRefPtr<TLFeatureTable> mTable;
     std::unique_ptr<TLLayerEditBuffer> mEditBuffer;
     TLQueryFilter mStandingFilter;
@@ -82,13 +91,15 @@ private:
     TLString mDisplayField;
     TLString mSaveError;
     TLEditor* mOperationEditor = nullptr;
+    bool mOperationOpen = false;
     TLRefPtr<TLRefBase> mRender;
     std::vector<TLLayerObserver*> mObservers;
+    std::unique_ptr<SelectionKeeper> mKeeper;
 };
 
 // A layer whose features live only in memory: scratch layers of the tools.
 class TLMemoryFeatureLayer : public TLFeatureLayer {
-public:
+  public:
     TLMemoryFeatureLayer(const TLString& name, LayerType type, const TLFields& fields,
                          TLRefPtr<TLCoordinateSystem> reference);
 };
