@@ -1,0 +1,272 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "DataTestSupport.h"
+#include "tlmap/TLEditor.h"
+#include "tlmap/TLLayerEditBuffer.h"
+
+namespace TMObjects::testing {
+namespace {
+
+class UndoTest : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        // Two features as a store would hand them over: present, not pending.
+        fx.table().Load(MakeFeature("LINESTRING (0 0, 10 0)", "first", 1, 1));
+        fx.table().Load(MakeFeature("LINESTRING (0 5, 10 5)", "second", 2, 2));
+    }
+    EditFixture fx;
+};
+
+TEST_F(UndoTest, UndoAndRedoRestoreExactContentsThroughSeveralOperations) {
+    const auto s0 = Contents(fx.table());
+
+    fx.editor()->StartOperation("add feature");
+    TLFeature added = MakeFeature("LINESTRING (1 1, 2 2, 3 1)", "third", 3);
+    fx.buffer()->AddFeature(added, true, true);
+    fx.editor()->CommitOperation(true);
+    const auto s1 = Contents(fx.table());
+    EXPECT_EQ(added.GetId(), 3);
+
+    fx.editor()->StartOperation("move");
+    fx.buffer()->changeGeometry(1, Wkt("LINESTRING (0 0, 5 4, 10 0)"), false);
+    EXPECT_TRUE(fx.buffer()->ChangeAttribute(1, "NAME", TLVariant(TLString("moved")), false));
+    EXPECT_TRUE(fx.buffer()->ChangeAttribute(1, "AREA", TLVariant(2.25), false));
+    fx.editor()->CommitOperation(true);
+    const auto s2 = Contents(fx.table());
+
+    fx.editor()->StartOperation("delete");
+    fx.buffer()->DeleteFeature(2, true, true);
+    fx.editor()->CommitOperation(true);
+    const auto s3 = Contents(fx.table());
+
+    ASSERT_EQ(s3.size(), 2u);
+    ASSERT_EQ(s2.at(1), "LINESTRING (0 0, 5 4, 10 0) | AREA=3:2.25 | CODE=1:1 | NAME=4:moved");
+    EXPECT_EQ(fx.editor()->UndoCount(), 3);
+
+    ASSERT_TRUE(fx.editor()->Undo());
+    EXPECT_EQ(Contents(fx.table()), s2);
+    ASSERT_TRUE(fx.editor()->Undo());
+    EXPECT_EQ(Contents(fx.table()), s1);
+    ASSERT_TRUE(fx.editor()->Undo());
+    EXPECT_EQ(Contents(fx.table()), s0);
+    EXPECT_FALSE(fx.editor()->Undo());
+    EXPECT_EQ(fx.editor()->RedoCount(), 3);
+
+    ASSERT_TRUE(fx.editor()->Redo());
+    EXPECT_EQ(Contents(fx.table()), s1);
+    ASSERT_TRUE(fx.editor()->Redo());
+    EXPECT_EQ(Contents(fx.table()), s2);
+    ASSERT_TRUE(fx.editor()->Redo());
+    EXPECT_EQ(Contents(fx.table()), s3);
+    EXPECT_FALSE(fx.editor()->Redo());
+
+    // The spatial index follows undo and redo: the deleted line is gone from searches, and after
+    // undoing the delete it is found again.
+    EXPECT_TRUE(fx.table().SearchBounds(TLRect(4, 6, 4.5, 5.5)).empty());
+    ASSERT_TRUE(fx.editor()->Undo());
+    EXPECT_EQ(fx.table().SearchBounds(TLRect(4, 6, 4.5, 5.5)), std::vector<int>{2});
+
+    // A new step after an undo drops what could have been redone.
+    fx.editor()->StartOperation("add feature");
+    fx.editor()->CommitOperation(true);
+    EXPECT_EQ(fx.editor()->RedoCount(), 0);
+    EXPECT_EQ(fx.editor()->UndoCount(), 3);
+}
+
+TEST_F(UndoTest, NestedBracketFoldsIntoOneStepUnderTheOuterLabel) {
+    const auto before = Contents(fx.table());
+    fx.editor()->StartOperation("Part connect");
+    TLFeature f = MakeFeature("LINESTRING (20 0, 30 0)", "n", 9);
+    fx.buffer()->AddFeature(f, true, true);
+    fx.editor()->StartOperation("add feature");
+    EXPECT_EQ(fx.editor()->OpenOperationLabel(), TLString("Part connect"));
+    fx.buffer()->DeleteFeature(1, true, true);
+    EXPECT_TRUE(fx.editor()->CommitOperation(true));
+    EXPECT_TRUE(fx.editor()->IsOperationOpen());
+    EXPECT_EQ(fx.editor()->UndoCount(), 0);
+    fx.buffer()->ChangeAttribute(2, "CODE", TLVariant(7.0), false);
+    EXPECT_TRUE(fx.editor()->CommitOperation(true));
+
+    EXPECT_FALSE(fx.editor()->IsOperationOpen());
+    EXPECT_EQ(fx.editor()->UndoCount(), 1);
+    EXPECT_EQ(fx.editor()->UndoLabel(), TLString("Part connect"));
+    ASSERT_TRUE(fx.editor()->Undo());
+    EXPECT_EQ(Contents(fx.table()), before);
+}
+
+TEST_F(UndoTest, AbortPutsBackEveryChangeAndLeavesNoStep) {
+    fx.editor()->StartOperation("first");
+    fx.buffer()->changeGeometry(2, Wkt("LINESTRING (0 6, 10 6)"), false);
+    fx.editor()->CommitOperation(true);
+    const auto before = Contents(fx.table());
+
+    fx.editor()->StartOperation("Trim line");
+    TLFeature f = MakeFeature("LINESTRING (0 0, 1 1)", "x", 5);
+    fx.buffer()->AddFeature(f, true, true);
+    fx.buffer()->changeGeometry(1, Wkt("LINESTRING (0 0, 4 0)"), false);
+    fx.buffer()->ChangeAttribute(1, "NAME", TLVariant(TLString("cut")), false);
+    fx.buffer()->DeleteFeature(2, true, true);
+    fx.editor()->StartOperation("inner");
+    fx.buffer()->ChangeAttribute(f.GetId(), "CODE", TLVariant(8.0), false);
+
+    ASSERT_TRUE(fx.editor()->AbortOperation());
+    EXPECT_FALSE(fx.editor()->IsOperationOpen());
+    EXPECT_EQ(Contents(fx.table()), before);
+    EXPECT_EQ(fx.editor()->UndoCount(), 1);
+    EXPECT_EQ(fx.editor()->UndoLabel(), TLString("first"));
+    EXPECT_EQ(fx.editor()->LastCommittedLabel(), TLString("first"));
+    EXPECT_FALSE(fx.editor()->CommitOperation(true));
+    EXPECT_FALSE(fx.editor()->AbortOperation());
+    // The feature made and removed again inside the aborted step is nothing the store must hear.
+    std::vector<int> pending;
+    for (const auto& c : fx.table().PendingChanges()) pending.push_back(c.id);
+    EXPECT_EQ(pending, (std::vector<int>{1, 2}));
+    // The spatial index agrees with the restored contents.
+    EXPECT_EQ(fx.table().SearchBounds(TLRect(0.5, 0.6, -1, 1)), std::vector<int>{1});
+    EXPECT_EQ(fx.table().SearchBounds(TLRect(4, 5, 5.5, 6.5)), std::vector<int>{2});
+
+    // Committing with false is the same as aborting.
+    fx.editor()->StartOperation("dropped");
+    fx.buffer()->DeleteFeature(1, true, true);
+    EXPECT_TRUE(fx.editor()->CommitOperation(false));
+    EXPECT_EQ(Contents(fx.table()), before);
+    EXPECT_EQ(fx.editor()->UndoCount(), 1);
+}
+
+TEST_F(UndoTest, LabelsOfStepsAndOfWritesOutsideABracket) {
+    TLFeature f = MakeFeature("LINESTRING (0 0, 1 1)", "x", 5);
+    fx.buffer()->AddFeature(f, true, true);
+    fx.buffer()->changeGeometry(f.GetId(), Wkt("LINESTRING (0 0, 2 2)"), false);
+    fx.buffer()->ChangeAttribute(f.GetId(), "NAME", TLVariant(TLString("y")), false);
+    fx.buffer()->ChangeAttributes(
+        f.GetId(), {{"NAME", TLVariant(TLString("z"))}, {"CODE", TLVariant(6.0)}}, false);
+    fx.buffer()->DeleteFeature(f.GetId(), true, true);
+    fx.editor()->StartOperation("add feature");
+    fx.editor()->CommitOperation(true);  // nothing written, still a step
+
+    const std::vector<std::string> expected = {"change attributes", "change attribute",
+                                               "change geometry", "add feature"};
+    EXPECT_EQ(fx.editor()->UndoCount(), 6);
+    EXPECT_EQ(fx.editor()->UndoLabel(), TLString("add feature"));
+    ASSERT_TRUE(fx.editor()->Undo());  // the empty step
+    EXPECT_EQ(fx.editor()->UndoLabel(), TLString("delete feature"));
+    EXPECT_FALSE(fx.table().HasFeature(f.GetId()));
+    ASSERT_TRUE(fx.editor()->Undo());
+    std::vector<std::string> labels;
+    while (fx.editor()->CanUndo()) {
+        labels.push_back(fx.editor()->UndoLabel().toStdString());
+        fx.editor()->Undo();
+    }
+    EXPECT_EQ(labels, expected);
+    EXPECT_EQ(fx.editor()->RedoLabel(), TLString("add feature"));
+    EXPECT_FALSE(fx.table().HasFeature(f.GetId()));
+    EXPECT_EQ(fx.table().GetFeatureCount(), 2);
+}
+
+TEST_F(UndoTest, UndoAndRedoWaitForAnOpenStepToClose) {
+    fx.buffer()->DeleteFeature(1, true, true);
+    fx.editor()->StartOperation("open");
+    EXPECT_FALSE(fx.editor()->Undo());
+    EXPECT_FALSE(fx.editor()->Redo());
+    fx.editor()->CommitOperation(true);
+    EXPECT_TRUE(fx.editor()->Undo());
+    EXPECT_TRUE(fx.editor()->Undo());
+    EXPECT_TRUE(fx.table().HasFeature(1));
+}
+
+TEST_F(UndoTest, ChangesMadeInPlaceThroughAnEditFeatureAreUndoable) {
+    const auto before = Contents(fx.table());
+    fx.editor()->StartOperation("edit point");
+    ASSERT_TRUE(fx.buffer()->FeatureInBuffer(1, true));
+    TLFeatureEditBuffer* edit = fx.buffer()->GetActiveEditFeatureByFeatureId(1);
+    ASSERT_NE(edit, nullptr);
+    TLRefPtr<TLGeometry> geometry = edit->GetFeature()->GetGeometry();
+    double* xy = nullptr;
+    int count = 0;
+    ASSERT_TRUE(geometry->GetRawPoints(&xy, count));
+    ASSERT_EQ(count, 2);
+    xy[2] = 40;  // the end vertex moves from (10 0) to (40 3)
+    xy[3] = 3;
+    // An attribute write after the change in place, in the same step.
+    EXPECT_TRUE(edit->SetValue("NAME", TLVariant(TLString("dragged"))));
+    xy[0] = -1;  // and another change in place after it
+    fx.editor()->CommitOperation(true);
+
+    const auto after = Contents(fx.table());
+    EXPECT_EQ(after.at(1), "LINESTRING (-1 0, 40 3) | CODE=1:1 | NAME=4:dragged");
+    // The index was told: the moved end is found where it is now.
+    EXPECT_EQ(fx.table().SearchBounds(TLRect(39, 41, 2, 4)), std::vector<int>{1});
+
+    ASSERT_TRUE(fx.editor()->Undo());
+    EXPECT_EQ(Contents(fx.table()), before);
+    EXPECT_TRUE(fx.table().SearchBounds(TLRect(39, 41, 2, 4)).empty());
+    ASSERT_TRUE(fx.editor()->Redo());
+    EXPECT_EQ(Contents(fx.table()), after);
+
+    // A step that opened the feature and changed nothing costs no change to the table.
+    fx.editor()->StartOperation("edit point");
+    fx.buffer()->GetActiveEditFeatureByFeatureId(2)->GetFeature();
+    fx.editor()->CommitOperation(true);
+    ASSERT_TRUE(fx.editor()->Undo());
+    EXPECT_EQ(Contents(fx.table()), after);
+    EXPECT_EQ(fx.buffer()->GetActiveEditFeatureByFeatureId(99), nullptr);
+}
+
+TEST_F(UndoTest, ListenersHearEveryOperation) {
+    struct Recorder : TLEditorListener {
+        std::vector<std::string> events;
+        void OnOperationStarted(const TLString& l) override { add("start", l); }
+        void OnOperationCommitted(const TLString& l) override { add("commit", l); }
+        void OnOperationAborted(const TLString& l) override { add("abort", l); }
+        void OnUndo(const TLString& l) override { add("undo", l); }
+        void OnRedo(const TLString& l) override { add("redo", l); }
+        void add(const char* what, const TLString& l) {
+            events.push_back(std::string(what) + " " + l.toStdString());
+        }
+    } recorder;
+    fx.editor()->AddListener(&recorder);
+    fx.editor()->StartOperation("a");
+    fx.editor()->StartOperation("b");
+    fx.editor()->CommitOperation(true);
+    fx.editor()->CommitOperation(true);
+    fx.editor()->StartOperation("c");
+    fx.editor()->AbortOperation();
+    fx.editor()->Undo();
+    fx.editor()->Redo();
+    fx.buffer()->DeleteFeature(2, true, true);
+    fx.editor()->RemoveListener(&recorder);
+    fx.editor()->Undo();
+    EXPECT_EQ(recorder.events,
+              (std::vector<std::string>{"start a", "commit a", "start c", "abort c", "undo a",
+                                        "redo a", "commit delete feature"}));
+}
+
+TEST(EditorWithoutMap, WritesApplyAndNothingIsRecorded) {
+    TLRefPtr<TLFeatureLayer> layer(
+        TLFeatureLayer::CreateMemoryLayer("scratch", TLLayer::PointLayer, SampleFields(), nullptr));
+    TLFeature f = MakeFeature("POINT (1 2)", "p", 1);
+    layer->layer_edit_buffer()->AddFeature(f, true, true);
+    layer->layer_edit_buffer()->ChangeAttribute(f.GetId(), "CODE", TLVariant(4.0), false);
+    // Changed in place without an editor: the layer's commit takes it in.
+    layer->StartOperation(nullptr);
+    TLRefPtr<TLGeometry> g = layer->layer_edit_buffer()
+                                 ->GetActiveEditFeatureByFeatureId(f.GetId())
+                                 ->GetFeature()
+                                 ->GetGeometry();
+    double* xy = nullptr;
+    int count = 0;
+    ASSERT_TRUE(g->GetRawPoints(&xy, count));
+    xy[0] = 50;
+    EXPECT_TRUE(layer->CommitOperation());
+    EXPECT_FALSE(layer->CommitOperation());
+    EXPECT_EQ(Contents(*layer->GetDatasource()).at(f.GetId()),
+              "POINT (50 2) | CODE=1:4 | NAME=4:p");
+    EXPECT_EQ(layer->GetDatasource()->SearchBounds(TLRect(49, 51, 1, 3)),
+              std::vector<int>{f.GetId()});
+}
+
+}  // namespace
+}  // namespace TMObjects::testing
