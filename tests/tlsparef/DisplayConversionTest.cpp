@@ -28,7 +28,7 @@ TLRefPtr<TLCoordinateSystem> load(const char* text) {
 
 // A map in Web Mercator shown on a display, and a layer reference in geographic WGS 84.
 class DisplayConversion : public ::testing::Test {
-  protected:
+protected:
     void SetUp() override {
         map.SetSpatialReference(load("EPSG:3857"));
         layer = load("EPSG:4326");

@@ -30,7 +30,7 @@ TLRefPtr<TLCoordinateSystem> load(const char* text) {
 }
 
 class Projector : public ::testing::Test {
-  protected:
+protected:
     void SetUp() override {
         wgs84 = load("EPSG:4326");
         mercator = load("EPSG:3857");
