@@ -46,6 +46,22 @@ std::vector<double> densifiedOutline(double xmin, double ymin, double xmax, doub
     return xy;
 }
 
+// The bounds of the projected, densified outline; false when any outline point fails.
+bool outlineBounds(PJ* operation, double xmin, double ymin, double xmax, double ymax, double lo[2],
+                   double hi[2]) {
+    std::vector<double> outline = densifiedOutline(xmin, ymin, xmax, ymax);
+    lo[0] = lo[1] = HUGE_VAL;
+    hi[0] = hi[1] = -HUGE_VAL;
+    for (std::size_t i = 0; i < outline.size(); i += 2) {
+        if (!transform(operation, outline[i], outline[i + 1])) return false;
+        for (int axis = 0; axis < 2; ++axis) {
+            lo[axis] = std::min(lo[axis], outline[i + axis]);
+            hi[axis] = std::max(hi[axis], outline[i + axis]);
+        }
+    }
+    return true;
+}
+
 }  // namespace
 
 TLGeometryProject::TLGeometryProject() : mImpl(std::make_unique<Impl>()) {}
@@ -123,15 +139,8 @@ bool TLGeometryProject::ProjBounds(double& xmin, double& ymin, double& xmax, dou
     PJ* operation = mImpl->operation.Get();
     // proj_trans_bounds skips outline points that fail and would hand back a smaller rectangle;
     // a rectangle partly outside the target system is refused instead.
-    std::vector<double> outline = densifiedOutline(xmin, ymin, xmax, ymax);
-    double lo[2] = {HUGE_VAL, HUGE_VAL}, hi[2] = {-HUGE_VAL, -HUGE_VAL};
-    for (std::size_t i = 0; i < outline.size(); i += 2) {
-        if (!transform(operation, outline[i], outline[i + 1])) return false;
-        for (int axis = 0; axis < 2; ++axis) {
-            lo[axis] = std::min(lo[axis], outline[i + axis]);
-            hi[axis] = std::max(hi[axis], outline[i + axis]);
-        }
-    }
+    double lo[2], hi[2];
+    if (!outlineBounds(operation, xmin, ymin, xmax, ymax, lo, hi)) return false;
     // PROJ also finds a pole inside the rectangle, which no outline point shows.
     double out[4] = {0, 0, 0, 0};
     proj_errno_reset(operation);
