@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QTreeWidget>
+
+namespace TMObjects {
+
+class TLLayer;
+class TLMap;
+
+// The map's layers, top first: whether each is shown, which one is current (the selected row),
+// which one is being edited, and whether a layer may be edited at all. Changes go straight into
+// the map; the signals tell the window what to draw or restart.
+class TLLayerPanel : public QTreeWidget {
+    Q_OBJECT
+
+public:
+    enum Column { NameColumn = 0, KindColumn, EditableColumn, EditingColumn };
+
+    explicit TLLayerPanel(QWidget* parent = nullptr);
+
+    void SetMap(TLMap* map);
+    // Lists the map's layers again, after layers were added or removed.
+    void Reload();
+    QTreeWidgetItem* ItemOf(const TLLayer* layer) const;
+    TLLayer* LayerOf(const QTreeWidgetItem* item) const;
+
+    // What the panel's boxes do, for the menu and for scripts.
+    void SetEditLayer(TLLayer* layer);
+    void SetLayerVisible(TLLayer* layer, bool visible);
+    void SetLayerEditable(TLLayer* layer, bool editable);
+
+    static QString KindText(int layerType);
+
+Q_SIGNALS:
+    void visibilityChanged(TLLayer* layer);
+    void editLayerChanged(TLLayer* layer);
+    void editableChanged(TLLayer* layer);
+    void zoomToLayerRequested(TLLayer* layer);
+
+protected:
+    void contextMenuEvent(QContextMenuEvent* event) override;
+
+private:
+    void itemChanged(QTreeWidgetItem* item, int column);
+    void currentChanged(QTreeWidgetItem* item);
+    // Brings the check marks in line with the map without telling anybody.
+    void syncMarks();
+
+    TLMap* mMap = nullptr;
+    bool mSyncing = false;
+};
+
+}  // namespace TMObjects

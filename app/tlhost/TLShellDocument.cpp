@@ -1,0 +1,97 @@
+#include "TLShellDocument.h"
+
+#include <QObject>
+
+#include "TLShellText.h"
+#include "tlmap/TLFeatureLayer.h"
+#include "tmgis/TMWorkspace.h"
+
+namespace TMObjects {
+
+TLShellDocument::TLShellDocument() : mMap(new TLMap) {}
+
+TLShellDocument::~TLShellDocument() = default;
+
+bool TLShellDocument::Open(const QString& path, QString& error) {
+    mNotes.clear();
+    TLString reason;
+    std::unique_ptr<TMWorkspace> workspace = TMWorkspace::Open(ToTLString(path), true, reason);
+    if (!workspace) {
+        error = ToQString(reason);
+        return false;
+    }
+    int top = 0;
+    for (const TLRefPtr<TLLayer>& layer : workspace->GetLayers()) {
+        adoptSystem(layer.get());
+        // The workspace lists feature layers first: they keep their order on top of the map,
+        // and rasters go beneath everything, where they hide nothing.
+        if (dynamic_cast<TLFeatureLayer*>(layer.get()))
+            mMap->InsertLayer(top++, layer.get(), true);
+        else
+            mMap->InsertLayer(-1, layer.get(), true);
+    }
+    for (const TLString& note : workspace->GetNotes()) mNotes << ToQString(note);
+    mWorkspaces.push_back(std::move(workspace));
+    return true;
+}
+
+void TLShellDocument::adoptSystem(TLLayer* layer) {
+    if (!mMap->GetSpatialReference() && layer->GetSpatialReference())
+        mMap->SetSpatialReference(layer->GetSpatialReference());
+}
+
+QStringList TLShellDocument::Paths() const {
+    QStringList paths;
+    for (const auto& workspace : mWorkspaces) paths << ToQString(workspace->GetPath());
+    return paths;
+}
+
+void TLShellDocument::ChooseEditLayer() {
+    TLEditor* editor = mMap->editor();
+    if (editor->edit_layer()) return;
+    TLLayer* chosen = nullptr;
+    for (const TLRefPtr<TLLayer>& layer : mMap->GetLayers(true)) {
+        if (!dynamic_cast<TLFeatureLayer*>(layer.get()) || !layer->IsEditable()) continue;
+        const auto type = layer->GetLayerType();
+        if (type == TLLayer::PointLayer || type == TLLayer::MultiPointLayer) {
+            chosen = layer.get();
+            break;
+        }
+        if (!chosen) chosen = layer.get();
+    }
+    if (!chosen) return;
+    editor->set_edit_layer(chosen);
+    mMap->SetCurrentLayer(chosen);
+}
+
+std::vector<TLFeatureLayer*> TLShellDocument::UnsavedLayers() const {
+    std::vector<TLFeatureLayer*> layers;
+    for (const TLRefPtr<TLLayer>& layer : mMap->GetLayers(true)) {
+        auto* features = dynamic_cast<TLFeatureLayer*>(layer.get());
+        if (!features) continue;
+        TLRefPtr<TLFeatureTable> table = features->GetDatasource();
+        // A feature added and undone again leaves the table marked but has nothing to write;
+        // only real pending changes count, so that nobody is asked to save nothing.
+        if (table && table->GetStore() && table->IsDirty() && !table->PendingChanges().empty())
+            layers.push_back(features);
+    }
+    return layers;
+}
+
+QStringList TLShellDocument::UnsavedLayerNames() const {
+    QStringList names;
+    for (TLFeatureLayer* layer : UnsavedLayers()) names << ToQString(layer->GetLayerName());
+    return names;
+}
+
+bool TLShellDocument::SaveEdits(QString& error) {
+    for (TLFeatureLayer* layer : UnsavedLayers()) {
+        if (layer->SaveEdits()) continue;
+        error = QObject::tr("The edits to %1 could not be saved: %2")
+                    .arg(ToQString(layer->GetLayerName()), ToQString(layer->LastSaveError()));
+        return false;
+    }
+    return true;
+}
+
+}  // namespace TMObjects

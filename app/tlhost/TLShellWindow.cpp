@@ -1,0 +1,369 @@
+#include "TLShellWindow.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDockWidget>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QStatusBar>
+#include <cmath>
+
+#include "TLCommandWindow.h"
+#include "TLLayerPanel.h"
+#include "TLMapCanvas.h"
+#include "TLShellDocument.h"
+#include "TLShellText.h"
+#include "TLShellToolTable.h"
+#include "TLToolPalette.h"
+#include "hostkit/TLHostBuddy.h"
+#include "hostkit/TLToolDispatcher.h"
+#include "tlmap/TLMapView.h"
+
+namespace TMObjects {
+
+namespace {
+
+// How long a notice stays in the status bar.
+constexpr int kNoticeMilliseconds = 10000;
+// Metres in one degree on the equator: enough to show a scale for a map in degrees.
+constexpr double kMetresPerDegree = 111319.49;
+
+const char* const kOpenFilters =
+    "All data (*.gpkg *.shp *.geojson *.json *.tif *.tiff *.img *.vrt *.asc *.png *.jpg);;"
+    "GeoPackage (*.gpkg);;Shapefile (*.shp);;GeoJSON (*.geojson *.json);;"
+    "Rasters (*.tif *.tiff *.img *.vrt *.asc *.png *.jpg);;All files (*)";
+
+}  // namespace
+
+TLShellWindow::TLShellWindow(QWidget* parent)
+    : QMainWindow(parent),
+      mDocument(std::make_unique<TLShellDocument>()),
+      mView(std::make_unique<TLMapView>(mDocument->MapRef())),
+      mBuddy(std::make_unique<TLHostBuddy>(mView.get())),
+      mDispatcher(std::make_unique<TLToolDispatcher>(mBuddy.get())),
+      mCanvas(new TLMapCanvas(this)) {
+    setWindowTitle(QStringLiteral("tlhost[*]"));
+    setObjectName("shellWindow");
+    mCanvas->setObjectName("mapCanvas");
+    setCentralWidget(mCanvas);
+    mCanvas->SetView(mView.get());
+    mCanvas->SetDispatcher(mDispatcher.get());
+    buildDocks();
+    buildMenus();
+    buildStatusBar();
+    connectHost();
+    mDocument->Map()->editor()->AddListener(this);
+    resize(1280, 860);
+    updateEditState();
+}
+
+TLShellWindow::~TLShellWindow() {
+    // The tool lets go of its bands and the command line while the view is still there.
+    mDispatcher->Deactivate();
+    mDocument->Map()->editor()->RemoveListener(this);
+    mCanvas->SetDispatcher(nullptr);
+    mCanvas->SetView(nullptr);
+}
+
+void TLShellWindow::buildDocks() {
+    mCommands = new TLCommandWindow(this);
+    auto* commandDock = new QDockWidget(tr("Command"), this);
+    commandDock->setObjectName("commandDock");
+    commandDock->setWidget(mCommands);
+    addDockWidget(Qt::BottomDockWidgetArea, commandDock);
+
+    mLayers = new TLLayerPanel(this);
+    mLayers->SetMap(mDocument->Map());
+    auto* layerDock = new QDockWidget(tr("Layers"), this);
+    layerDock->setObjectName("layerDock");
+    layerDock->setWidget(mLayers);
+    addDockWidget(Qt::LeftDockWidgetArea, layerDock);
+
+    mPalette = new TLToolPalette(this);
+    auto* toolDock = new QDockWidget(tr("Tools"), this);
+    toolDock->setObjectName("toolDock");
+    toolDock->setWidget(mPalette);
+    // Layers above tools in one column on the left: the layer list is short, the palette long,
+    // and the map keeps the rest of the window's width.
+    addDockWidget(Qt::LeftDockWidgetArea, toolDock);
+    splitDockWidget(layerDock, toolDock, Qt::Vertical);
+    resizeDocks({layerDock, toolDock}, {180, 420}, Qt::Vertical);
+    resizeDocks({layerDock}, {330}, Qt::Horizontal);
+    resizeDocks({commandDock}, {200}, Qt::Vertical);
+}
+
+void TLShellWindow::buildMenus() {
+    QMenu* file = menuBar()->addMenu(tr("&File"));
+    file->addAction(tr("&Open Data..."), this, &TLShellWindow::openDialog, QKeySequence::Open);
+    mSave = file->addAction(tr("&Save Edits"), this, &TLShellWindow::SaveEdits, QKeySequence::Save);
+    file->addSeparator();
+    file->addAction(tr("&Quit"), this, &QWidget::close, QKeySequence::Quit);
+
+    QMenu* edit = menuBar()->addMenu(tr("&Edit"));
+    mUndo = edit->addAction(tr("&Undo"), this, &TLShellWindow::undo, QKeySequence::Undo);
+    mRedo = edit->addAction(tr("&Redo"), this, &TLShellWindow::redo, QKeySequence::Redo);
+
+    QMenu* view = menuBar()->addMenu(tr("&View"));
+    view->addAction(tr("Zoom to &Full Extent"), mCanvas, &TLMapCanvas::ZoomToFullExtent,
+                    QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_F));
+    view->addAction(tr("Zoom to &Layer"), this,
+                    [this] { mCanvas->ZoomToLayer(mDocument->Map()->GetCurrentLayer().get()); });
+    view->addAction(
+        tr("Zoom &In"), this, [this] { mCanvas->ZoomBy(2.0, mCanvas->rect().center()); },
+        QKeySequence::ZoomIn);
+    view->addAction(
+        tr("Zoom &Out"), this, [this] { mCanvas->ZoomBy(0.5, mCanvas->rect().center()); },
+        QKeySequence::ZoomOut);
+    view->addSeparator();
+    for (QDockWidget* dock : findChildren<QDockWidget*>())
+        view->addAction(dock->toggleViewAction());
+
+    QMenu* tools = menuBar()->addMenu(tr("&Tools"));
+    mPalette->FillMenu(tools);
+    tools->addSeparator();
+    tools->addAction(tr("&Leave Tool"), this, &TLShellWindow::LeaveTool,
+                     QKeySequence(Qt::Key_Escape));
+}
+
+void TLShellWindow::buildStatusBar() {
+    mCoordinates = new QLabel(this);
+    mCoordinates->setObjectName("coordinateLabel");
+    mCoordinates->setMinimumWidth(260);
+    mScale = new QLabel(this);
+    mScale->setObjectName("scaleLabel");
+    mScale->setMinimumWidth(120);
+    statusBar()->addPermanentWidget(mCoordinates);
+    statusBar()->addPermanentWidget(mScale);
+}
+
+void TLShellWindow::connectHost() {
+    // Dialogs of the tools find the main window through this id.
+    mBuddy->SetMainWindowId(std::uintptr_t(winId()));
+    mBuddy->SetModifiersSource([] { return int(QGuiApplication::keyboardModifiers()); });
+    mBuddy->AddListener([this](const TLHostEvent& event) { hostEvent(event); });
+    mDispatcher->SetFailureListener([this](const std::string& what, const std::string& entry) {
+        mCommands->AppendHostLine(
+            tr("The tool failed in %1 and its changes were undone: %2")
+                .arg(QString::fromStdString(entry), QString::fromStdString(what)));
+        mCanvas->RefreshAll();
+    });
+    connect(mCommands, &TLCommandWindow::lineEntered, this, &TLShellWindow::lineEntered);
+    connect(mCanvas, &TLMapCanvas::textTyped, mCommands, &TLCommandWindow::Type);
+    connect(mCanvas, &TLMapCanvas::pointerMoved, this, &TLShellWindow::showPointer);
+    connect(mCanvas, &TLMapCanvas::viewChanged, this, &TLShellWindow::showScale);
+    connect(mPalette, &TLToolPalette::toolPicked, this, &TLShellWindow::PickTool);
+    connect(mLayers, &TLLayerPanel::visibilityChanged, mCanvas, [this] { mCanvas->RefreshAll(); });
+    connect(mLayers, &TLLayerPanel::editLayerChanged, this, &TLShellWindow::editLayerChanged);
+    connect(mLayers, &TLLayerPanel::zoomToLayerRequested, mCanvas, &TLMapCanvas::ZoomToLayer);
+}
+
+void TLShellWindow::hostEvent(const TLHostEvent& event) {
+    switch (event.kind) {
+        case TLHostEvent::Prompt:
+            return mCommands->SetPrompt(ToQString(event.text));
+        case TLHostEvent::Message:
+            return mCommands->AppendHistory(ToQString(event.text));
+        case TLHostEvent::Notice:
+            return statusBar()->showMessage(ToQString(event.text), kNoticeMilliseconds);
+        case TLHostEvent::Cursor:
+            if (event.value >= 0 && event.value <= Qt::LastCursor)
+                mCanvas->setCursor(Qt::CursorShape(event.value));
+            return;
+        case TLHostEvent::Register:
+            return mCommands->SetReceiver(ToQString(event.text));
+        case TLHostEvent::Unregister:
+            return mCommands->SetReceiver(QString());
+        case TLHostEvent::Edited:
+            // An edit outside a finished command names no rectangle: all of it is drawn again.
+            mCanvas->RefreshAll();
+            return updateEditState();
+        case TLHostEvent::ToolEnabled:
+            // A tool that gives up tells the host first; its mark goes, it is no longer in use.
+            if (event.value == 0) mPalette->SetActive(-1);
+            return;
+    }
+}
+
+// ---- tools ----
+
+void TLShellWindow::PickTool(int index) {
+    TLTool* tool = TLShellToolTable::PoolTool(index);
+    if (!tool) {
+        statusBar()->showMessage(
+            tr("The plugin has no tool %1.")
+                .arg(index >= 0 && index < TLShellToolTable::Count()
+                         ? TLShellToolTable::Entries()[std::size_t(index)].className
+                         : "?"),
+            kNoticeMilliseconds);
+        return;
+    }
+    // Each tool sets the cursor it wants; one that sets none gets the plain arrow.
+    mCanvas->setCursor(Qt::ArrowCursor);
+    mDispatcher->Activate(tool);
+    // A tool that found no layer to work on leaves itself at once.
+    const bool inUse = mDispatcher->ActiveTool() == tool && tool->isActive();
+    mPalette->SetActive(inUse ? index : -1);
+    if (!inUse && !mDocument->Map()->editor()->edit_layer())
+        statusBar()->showMessage(tr("No layer is being edited: tick the Editing box of a layer."),
+                                 kNoticeMilliseconds);
+    mCanvas->update();
+}
+
+void TLShellWindow::LeaveTool() {
+    mDispatcher->Deactivate();
+    mPalette->SetActive(-1);
+    mCanvas->setCursor(Qt::ArrowCursor);
+    mCanvas->update();
+}
+
+void TLShellWindow::lineEntered(const QString& line) {
+    if (!mBuddy->RegisteredTool()) {
+        statusBar()->showMessage(tr("No command is waiting for typed input."), kNoticeMilliseconds);
+        return;
+    }
+    mDispatcher->TypeLine(ToTLString(line));
+    mCanvas->update();
+}
+
+void TLShellWindow::editLayerChanged() {
+    // Tools take the edit layer when they are activated; the one in use starts again on the
+    // new layer, as if it had been picked now.
+    if (mDispatcher->ActiveTool() && mPalette->Active() >= 0) PickTool(mPalette->Active());
+}
+
+// ---- data ----
+
+bool TLShellWindow::OpenData(const QString& path) {
+    const bool first = mDocument->Map()->GetLayerCount() == 0;
+    QString error;
+    if (!mDocument->Open(path, error)) {
+        QMessageBox::warning(this, tr("Open Data"), error);
+        return false;
+    }
+    for (const QString& note : mDocument->Notes()) mCommands->AppendHostLine(note);
+    const bool hadEditLayer = mDocument->Map()->editor()->edit_layer() != nullptr;
+    mDocument->ChooseEditLayer();
+    mLayers->Reload();
+    if (first) mCanvas->ZoomToFullExtent();
+    mCanvas->RefreshAll();
+    setWindowTitle(QStringLiteral("tlhost - %1[*]").arg(QFileInfo(path).fileName()));
+    if (!hadEditLayer && mDocument->Map()->editor()->edit_layer()) editLayerChanged();
+    return true;
+}
+
+void TLShellWindow::openDialog() {
+    const QString path =
+        QFileDialog::getOpenFileName(this, tr("Open Data"), QString(), tr(kOpenFilters));
+    if (!path.isEmpty()) OpenData(path);
+}
+
+bool TLShellWindow::SaveEdits() {
+    QString error;
+    const bool saved = mDocument->SaveEdits(error);
+    if (!saved)
+        QMessageBox::warning(this, tr("Save Edits"), error);
+    else
+        statusBar()->showMessage(tr("Edits saved."), kNoticeMilliseconds);
+    updateEditState();
+    return saved;
+}
+
+// ---- undo ----
+
+void TLShellWindow::undo() {
+    mDocument->Map()->editor()->Undo();
+}
+
+void TLShellWindow::redo() {
+    mDocument->Map()->editor()->Redo();
+}
+
+void TLShellWindow::updateEditState() {
+    TLEditor* editor = mDocument->Map()->editor();
+    const bool idle = !editor->IsOperationOpen();
+    mUndo->setEnabled(idle && editor->CanUndo());
+    mRedo->setEnabled(idle && editor->CanRedo());
+    mUndo->setText(editor->CanUndo() ? tr("&Undo %1").arg(ToQString(editor->UndoLabel()))
+                                     : tr("&Undo"));
+    mRedo->setText(editor->CanRedo() ? tr("&Redo %1").arg(ToQString(editor->RedoLabel()))
+                                     : tr("&Redo"));
+    const bool unsaved = mDocument->HasUnsavedEdits();
+    mSave->setEnabled(unsaved);
+    setWindowModified(unsaved);
+}
+
+void TLShellWindow::OnOperationCommitted(const TLString&) {
+    updateEditState();
+}
+
+void TLShellWindow::OnOperationAborted(const TLString&) {
+    updateEditState();
+}
+
+void TLShellWindow::OnUndo(const TLString&) {
+    // Undo does not say where its features lay; the whole map is drawn again.
+    mCanvas->RefreshAll();
+    updateEditState();
+}
+
+void TLShellWindow::OnRedo(const TLString&) {
+    mCanvas->RefreshAll();
+    updateEditState();
+}
+
+// ---- status bar ----
+
+void TLShellWindow::showPointer(double x, double y) {
+    const double resolution = mView->GetDisplayTransform()->mResolution;
+    // As many decimals as make a pixel's difference, and no more.
+    const int decimals =
+        resolution > 0 ? std::max(0, std::min(8, int(std::ceil(-std::log10(resolution))))) : 2;
+    mCoordinates->setText(QStringLiteral("%1, %2").arg(QString::number(x, 'f', decimals),
+                                                       QString::number(y, 'f', decimals)));
+}
+
+void TLShellWindow::showScale() {
+    const TLDisplayTransform* t = mView->GetDisplayTransform();
+    double ratio = t->GetScaleRatio();
+    if (t->mUnits == TLDecimalDegrees) ratio *= kMetresPerDegree;
+    mScale->setText(std::isfinite(ratio) && ratio > 0
+                        ? QStringLiteral("1:%L1").arg(std::llround(ratio))
+                        : QString());
+}
+
+// ---- closing ----
+
+bool TLShellWindow::confirmClose() {
+    if (!mDocument->HasUnsavedEdits()) return true;
+    QMessageBox box(QMessageBox::Warning, tr("Unsaved Edits"),
+                    tr("The edits to %1 are not saved.")
+                        .arg(mDocument->UnsavedLayerNames().join(QStringLiteral(", "))),
+                    QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, this);
+    box.setInformativeText(tr("Save them before closing?"));
+    box.setDefaultButton(QMessageBox::Save);
+    box.setEscapeButton(QMessageBox::Cancel);
+    switch (box.exec()) {
+        case QMessageBox::Save:
+            return SaveEdits();
+        case QMessageBox::Discard:
+            return true;
+        default:
+            return false;
+    }
+}
+
+void TLShellWindow::closeEvent(QCloseEvent* event) {
+    if (!confirmClose()) {
+        event->ignore();
+        return;
+    }
+    mDispatcher->Deactivate();
+    mPalette->SetActive(-1);
+    event->accept();
+}
+
+}  // namespace TMObjects
