@@ -1,0 +1,109 @@
+// Edits reach the file only through Save Edits, and closing with unsaved edits asks first:
+// saving, discarding or staying are the user's choice, never a silent loss.
+
+#include <QAction>
+#include <QTest>
+
+#include "ShellFixture.h"
+#include "TLShellDocument.h"
+#include "hostkit/TLModalAnswerer.h"
+#include "tlmap/TLFeatureLayer.h"
+#include "tmgis/TMWorkspace.h"
+
+namespace TMObjects {
+
+class EditSaveTest : public ShellFixture {
+    Q_OBJECT
+
+private:
+    // The features the file holds now, read afresh.
+    int storedCount(const char* layerName) const {
+        TLString error;
+        std::unique_ptr<TMWorkspace> workspace =
+            TMWorkspace::Open(TLString(dataPath.toStdString()), false, error);
+        if (!workspace) return -1;
+        auto* read = dynamic_cast<TLFeatureLayer*>(workspace->GetLayer(TLString(layerName)).get());
+        return read ? read->GetDatasource()->GetFeatureCount() : -1;
+    }
+
+    void addWell() {
+        pickFromPalette("TLCmdDigitizePoint");
+        typeLine("640,480");
+        QCOMPARE(layer("wells")->GetDatasource()->GetFeatureCount(), 4);
+    }
+
+    TLModalAnswerer answerer;
+
+private Q_SLOTS:
+    void initTestCase() { answerer.Start(); }
+    void cleanupTestCase() { answerer.Stop(); }
+    void init() {
+        openShell();
+        answerer.ClearQueue();
+    }
+    void cleanup() { closeShell(); }
+
+    void saveEditsWritesTheFileAndClearsTheMark() {
+        QVERIFY(!window->SaveAction()->isEnabled());
+        addWell();
+        QVERIFY(window->isWindowModified());
+        QVERIFY(window->SaveAction()->isEnabled());
+        QCOMPARE(storedCount("wells"), 3);
+        window->SaveAction()->trigger();
+        QCOMPARE(storedCount("wells"), 4);
+        QVERIFY(!window->isWindowModified());
+        QVERIFY(!window->SaveAction()->isEnabled());
+    }
+
+    void undoingEveryEditLeavesNothingToSave() {
+        addWell();
+        window->UndoAction()->trigger();
+        QVERIFY(!window->Document()->HasUnsavedEdits());
+        QVERIFY(window->close());
+        QCOMPARE(int(answerer.Records().size()), 0);
+    }
+
+    void closingWithUnsavedEditsAsksAndCancelKeepsTheWindow() {
+        addWell();
+        const std::size_t before = answerer.Records().size();
+        answerer.Queue("Cancel");
+        QVERIFY(!window->close());
+        QVERIFY(window->isVisible());
+        QCOMPARE(answerer.Records().size(), before + 1);
+        const TLModalAnswerer::Record& asked = answerer.Records().back();
+        QCOMPARE(asked.kind, std::string("message box"));
+        QCOMPARE(asked.title, std::string("Unsaved Edits"));
+        QVERIFY(asked.text.find("wells") != std::string::npos);
+        QCOMPARE(asked.answer, std::string("Cancel"));
+        QCOMPARE(storedCount("wells"), 3);
+    }
+
+    void closingAndSavingWritesTheEdits() {
+        addWell();
+        answerer.Queue("Save");
+        QVERIFY(window->close());
+        QCOMPARE(storedCount("wells"), 4);
+    }
+
+    void closingAndDiscardingLeavesTheFileAsItWas() {
+        addWell();
+        answerer.Queue("Discard");
+        QVERIFY(window->close());
+        QCOMPARE(storedCount("wells"), 3);
+    }
+
+    void aSourceThatCannotBeOpenedIsReported() {
+        const std::size_t before = answerer.Records().size();
+        answerer.Queue("OK");
+        QVERIFY(!window->OpenData(folder->path() + "/missing.gpkg"));
+        QCOMPARE(answerer.Records().size(), before + 1);
+        QVERIFY(answerer.Records().back().text.find("missing.gpkg") != std::string::npos);
+        QCOMPARE(window->Document()->Map()->GetLayerCount(), 3);
+    }
+};
+
+SHELL_TEST_CLASS(EditSaveTest);
+
+}  // namespace TMObjects
+
+#include "EditSaveTest.moc"

@@ -1,0 +1,171 @@
+// The panels around the map: the tool palette and Tools menu from the tool table, the layer
+// panel's boxes, the command window's recall, and what the buddy's calls show.
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QStatusBar>
+#include <QTest>
+
+#include "ShellFixture.h"
+#include "TLCommandWindow.h"
+#include "TLLayerPanel.h"
+#include "TLMapCanvas.h"
+#include "TLShellToolTable.h"
+#include "TLToolPalette.h"
+#include "hostkit/TLHostBuddy.h"
+#include "hostkit/TLToolDispatcher.h"
+#include "tlmap/TLCMDPool.h"
+#include "tlmap/TLFeatureLayer.h"
+
+namespace TMObjects {
+
+class PanelsTest : public ShellFixture {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { openShell(); }
+    void cleanup() { closeShell(); }
+
+    void thePaletteListsEveryPooledToolUnderItsSubsystem() {
+        TLToolPalette* palette = window->Palette();
+        QCOMPARE(TLShellToolTable::Count(), 66);
+        QCOMPARE(TLCMDPool::GetInstance()->GetToolCount(), 66);
+        int listed = 0;
+        for (int group = 0; group < palette->topLevelItemCount(); ++group)
+            listed += palette->topLevelItem(group)->childCount();
+        QCOMPARE(listed, 66);
+        for (int i = 0; i < TLShellToolTable::Count(); ++i) {
+            const auto& entry = TLShellToolTable::Entries()[std::size_t(i)];
+            // Every row names a tool the plugin put into the pool, in the pool's order.
+            QCOMPARE(TLShellToolTable::PoolTool(i), TLCMDPool::GetInstance()->GetTool(i));
+            QTreeWidgetItem* item = palette->ItemOf(i);
+            QCOMPARE(item->parent()->text(0), QString(entry.subsystem));
+            const bool built = entry.status == TLShellToolTable::Built;
+            QCOMPARE(item->text(TLToolPalette::StatusColumn),
+                     QString(built ? "built" : "not built"));
+            QCOMPARE(item->toolTip(TLToolPalette::StatusColumn),
+                     TLShellToolTable::StatusText(entry.status));
+        }
+        const int point = TLShellToolTable::IndexOf("TLCmdDigitizePoint");
+        QCOMPARE(palette->ItemOf(point)->text(TLToolPalette::ToolColumn),
+                 QString("Digitize Point"));
+        QCOMPARE(palette->ItemOf(point)->text(TLToolPalette::StatusColumn), QString("built"));
+        QCOMPARE(palette->ItemOf(TLShellToolTable::IndexOf("TLToolMeasureArea"))
+                     ->text(TLToolPalette::StatusColumn),
+                 QString("not built"));
+    }
+
+    void theToolsMenuPicksLikeThePalette() {
+        const int point = TLShellToolTable::IndexOf("TLCmdDigitizePoint");
+        QAction* action = window->Palette()->ActionOf(point);
+        QMenu* digitizing = nullptr;
+        for (QAction* top : window->menuBar()->actions())
+            if (top->text() == "&Tools")
+                for (QAction* sub : top->menu()->actions())
+                    if (sub->menu() && sub->text() == "Digitizing") digitizing = sub->menu();
+        QVERIFY(digitizing);
+        QVERIFY(digitizing->actions().contains(action));
+        action->trigger();
+        QVERIFY(window->Dispatcher()->ActiveTool() == TLShellToolTable::PoolTool(point));
+        QVERIFY(action->isChecked());
+        QCOMPARE(window->Palette()->ItemOf(point)->checkState(0), Qt::Checked);
+        const int measure = TLShellToolTable::IndexOf("TLToolMeasureLine");
+        QVERIFY(window->Palette()->ActionOf(measure)->text().endsWith("(not built)"));
+        window->LeaveTool();
+        QVERIFY(!window->Dispatcher()->ActiveTool());
+        QVERIFY(!action->isChecked());
+        QCOMPARE(prompt(), QString());
+    }
+
+    void aToolWithoutAnEditLayerLeavesAndTheShellSaysWhy() {
+        tickLayerBox("wells", TLLayerPanel::EditingColumn, false);
+        QVERIFY(!window->Document()->Map()->editor()->edit_layer());
+        pickFromPalette("TLCmdDigitizePoint");
+        QCOMPARE(window->Palette()->Active(), -1);
+        QVERIFY(window->statusBar()->currentMessage().contains("No layer is being edited"));
+    }
+
+    void switchingTheEditLayerRestartsTheToolOnIt() {
+        pickFromPalette("TLCmdDigitizePoint");
+        tickLayerBox("roads", TLLayerPanel::EditingColumn, true);
+        QCOMPARE(window->Document()->Map()->editor()->edit_layer(), layer("roads"));
+        QTreeWidgetItem* wells = window->Layers()->ItemOf(layer("wells"));
+        QCOMPARE(wells->checkState(TLLayerPanel::EditingColumn), Qt::Unchecked);
+        QCOMPARE(history().back(),
+                 QString("The current layer is not a point layer. Please select the point layer "
+                         "editor!"));
+        QCOMPARE(prompt(), QString("Command:"));
+        clickCanvas(deviceOf(600, 600));
+        QCOMPARE(layer("roads")->GetDatasource()->GetFeatureCount(), 2);
+    }
+
+    void anUneditableLayerTakesNoClicks() {
+        pickFromPalette("TLCmdDigitizePoint");
+        tickLayerBox("wells", TLLayerPanel::EditableColumn, false);
+        QVERIFY(!layer("wells")->IsEditable());
+        clickCanvas(deviceOf(600, 600));
+        QCOMPARE(layer("wells")->GetDatasource()->GetFeatureCount(), 3);
+        tickLayerBox("wells", TLLayerPanel::EditableColumn, true);
+        clickCanvas(deviceOf(600, 600));
+        QCOMPARE(layer("wells")->GetDatasource()->GetFeatureCount(), 4);
+    }
+
+    void theCurrentLayerFollowsThePanelsSelection() {
+        TLLayerPanel* panel = window->Layers();
+        panel->setCurrentItem(panel->ItemOf(layer("parcels")));
+        QCOMPARE(window->Document()->Map()->GetCurrentLayer().get(),
+                 static_cast<TLLayer*>(layer("parcels")));
+        QCOMPARE(panel->topLevelItemCount(), 3);
+        QCOMPARE(panel->ItemOf(layer("parcels"))->text(TLLayerPanel::KindColumn),
+                 QString("polygon"));
+    }
+
+    void upAndDownRecallEarlierLines() {
+        TLCommandWindow* commands = window->Commands();
+        QLineEdit* input = commands->Input();
+        QStringList sent;
+        connect(commands, &TLCommandWindow::lineEntered, this,
+                [&sent](const QString& line) { sent << line; });
+        typeLine("PL");
+        typeLine("");
+        typeLine("10,20");
+        QCOMPARE(sent, (QStringList{"PL", "", "10,20"}));
+        QTest::keyClicks(input, "draft");
+        QTest::keyClick(input, Qt::Key_Up);
+        QCOMPARE(input->text(), QString("10,20"));
+        QTest::keyClick(input, Qt::Key_Up);
+        QCOMPARE(input->text(), QString("PL"));
+        QTest::keyClick(input, Qt::Key_Up);
+        QCOMPARE(input->text(), QString("PL"));
+        QTest::keyClick(input, Qt::Key_Down);
+        QTest::keyClick(input, Qt::Key_Down);
+        QCOMPARE(input->text(), QString("draft"));
+    }
+
+    void buddyCallsShowOnScreen() {
+        TLHostBuddy* buddy = window->Buddy();
+        buddy->SetCursor(Qt::CrossCursor);
+        QCOMPARE(window->Canvas()->cursor().shape(), Qt::CrossCursor);
+        buddy->ShowMessage(TLString("Layer saved"));
+        QCOMPARE(window->statusBar()->currentMessage(), QString("Layer saved"));
+        QVERIFY(!history().contains("Layer saved"));
+        QCOMPARE(QWidget::find(WId(buddy->MainWindowId())), static_cast<QWidget*>(window.get()));
+        buddy->SetPrompt(TLString("Specify the first point:"));
+        QCOMPARE(prompt(), QString("Specify the first point:"));
+    }
+
+    void aLineTypedWithNoCommandWaitingIsNotLost() {
+        typeLine("100,100");
+        QVERIFY(window->statusBar()->currentMessage().contains("No command"));
+        QTest::keyClick(window->Commands()->Input(), Qt::Key_Up);
+        QCOMPARE(window->Commands()->Input()->text(), QString("100,100"));
+    }
+};
+
+SHELL_TEST_CLASS(PanelsTest);
+
+}  // namespace TMObjects
+
+#include "PanelsTest.moc"

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QString>
+
+namespace TMObjects {
+
+// Small data sources written with GDAL for the shell's tests, in EPSG:3857 around 0..1000:
+// "wells" (points at 200,200, 500,500 and 800,300), "roads" (a line from 100,100 to 900,100,
+// another from 100,900 to 900,900) and "parcels" (the square 300..450 x 600..750).
+// Each answers the path written, or an empty string when GDAL failed to write.
+class ShellTestData {
+public:
+    static QString WriteGeoPackage(const QString& folder);
+    // A 10 x 10 single-band GeoTIFF over 0..1000 x 0..1000 whose cells grow from 0 (left) to
+    // 90 (right), with no data in the top-left cell.
+    static QString WriteRaster(const QString& folder);
+};
+
+}  // namespace TMObjects
