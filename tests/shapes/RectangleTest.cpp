@@ -187,16 +187,6 @@ TEST_F(Rectangle, ClickedPointWithTypedLengthAndWidth) {
               (Texts{"Please enter the rectangle length and width (length, width)!", kDrawn}));
 }
 
-TEST_F(Rectangle, TypedEdgeWithAClickedThirdPoint) {
-    type("2");
-    type("0,0");
-    click(0, 50);
-    EXPECT_EQ(prompt(), kThird);
-    move(-30, 20);
-    click(-30, 20);
-    expectRing(committed(), {{0, 0}, {0, 50}, {-30, 50}, {-30, 0}, {0, 0}});
-}
-
 TEST_F(Rectangle, ADoubleClickCommitsWhatTheBandShows) {
     click(100, 100);
     move(200, 150);
