@@ -128,8 +128,8 @@ void TLCmdDigitizeRectangle::pressFirstPoint(const TLPoint& p) {
             band->Update();
             break;
         default:
-            // The width and the length-and-width constructions show nothing until they are
-            // typed.
+            // Nothing to show yet: the width construction draws its edge from the next move
+            // on, the length-and-width one only once the numbers are typed.
             break;
     }
     Steps::Prompt(mBuddy, mode == ByLengthAndWidth ? kLengthWidthPrompt : secondPointPrompt());
