@@ -311,6 +311,7 @@ void TLMapCanvas::renderSelection() {
 }
 
 void TLMapCanvas::paintEvent(QPaintEvent*) {
+    mShown = true;
     RenderPending();
     QPainter painter(this);
     const bool masked = ready() && mView->clipPolygon();
@@ -352,8 +353,12 @@ void TLMapCanvas::drawOverlay(QPainter& painter) {
 void TLMapCanvas::resizeEvent(QResizeEvent*) {
     if (!mView) return;
     const TLDisplayTransform* t = mView->GetDisplayTransform();
-    if (t->mVisibleBounds.IsEmpty()) {
+    if (t->mVisibleBounds.IsEmpty() || !mShown) {
+        // Until the canvas has been on screen, its size is the layout's guess: what was asked
+        // to be shown (the data opened at start) is fitted into the real size again.
+        const TLRect asked = t->mVisibleBounds;
         mView->SetDeviceSize(width(), height());
+        if (!asked.IsEmpty()) mView->SetVisibleBounds(asked);
         return;
     }
     // The scale and the top-left corner stay; a larger window shows more of the map.

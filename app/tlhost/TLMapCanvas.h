@@ -115,6 +115,7 @@ private:
     RenderRecord mLastRender;
     int mRenderCount = 0;
 
+    bool mShown = false;
     bool mPanning = false;
     QPoint mPanOrigin;
     QPoint mPanOffset;

@@ -1,6 +1,9 @@
 // tlhost: the desktop shell that shows the plugin's tools at a map view.
 //
-//   tlhost [--plugin LIBRARY] [DATA ...]
+//   tlhost [--plugin LIBRARY] [--screenshot PNG] [DATA ...]
+//
+// --screenshot draws the window once the data are open, writes it to PNG and quits: a look at
+// the real program from a script, under Xvfb or the offscreen platform.
 //
 // Without DATA it opens the demo GeoPackage, demo/demo.gpkg, looked for below the working
 // directory and then in the source tree the program was built from.
@@ -9,6 +12,7 @@
 #include <QCommandLineParser>
 #include <QFileInfo>
 #include <QMessageBox>
+#include <QTimer>
 
 #include "TLCommandWindow.h"
 #include "TLShellWindow.h"
@@ -38,6 +42,10 @@ int main(int argc, char** argv) {
         QStringLiteral("plugin"), QStringLiteral("The plugin library to load."),
         QStringLiteral("library"), QString::fromStdString(TLPluginLoader::DefaultPluginPath()));
     parser.addOption(pluginOption);
+    const QCommandLineOption screenshotOption(
+        QStringLiteral("screenshot"), QStringLiteral("Write the window to a PNG file and quit."),
+        QStringLiteral("png"));
+    parser.addOption(screenshotOption);
     parser.addPositionalArgument(QStringLiteral("data"),
                                  QStringLiteral("Data sources to open (default: the demo)."));
     parser.process(app);
@@ -66,6 +74,13 @@ int main(int argc, char** argv) {
         }
         for (const QString& path : data) window.OpenData(path);
         window.show();
+        if (parser.isSet(screenshotOption)) {
+            // Once the event loop has laid the window out and drawn it.
+            QTimer::singleShot(0, &window, [&] {
+                const bool saved = window.grab().save(parser.value(screenshotOption));
+                app.exit(saved ? 0 : 1);
+            });
+        }
         status = app.exec();
     }
     loader.Unload();

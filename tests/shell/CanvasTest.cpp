@@ -2,6 +2,7 @@
 // snap marker, the clip polygon, redraws kept to the changed area, and pan and zoom.
 
 #include <QApplication>
+#include <QCoreApplication>
 #include <QLabel>
 #include <QTest>
 #include <QWheelEvent>
@@ -177,6 +178,21 @@ private Q_SLOTS:
         // The cell without data shows the map's background.
         QVERIFY(sameColour(image.pixel(deviceOf(50, 950)), TLMapCanvas::Background()));
         QVERIFY(colourNear(image, deviceOf(500, 500), 1, colourOfLayer("wells")));
+    }
+
+    void dataOpenedBeforeTheWindowShowsFillsTheCanvas() {
+        // The program opens its data before showing the window, when the canvas has no size of
+        // its own yet.
+        window = std::make_unique<TLShellWindow>();
+        QVERIFY(window->OpenData(dataPath));
+        window->resize(1100, 760);
+        window->show();
+        QCoreApplication::processEvents();
+        const QRect shown = window->Canvas()->rect();
+        for (const QPoint& corner : {deviceOf(100, 100), deviceOf(900, 900)})
+            QVERIFY(shown.contains(corner));
+        // Fitted, not left at the size of the first guess: the data span most of the height.
+        QVERIFY(deviceOf(100, 100).y() - deviceOf(900, 900).y() > shown.height() * 0.8);
     }
 
     void thePointerPositionIsShownInMapCoordinates() {
