@@ -427,7 +427,13 @@ void TLMapCanvas::wheelEvent(QWheelEvent* event) {
 }
 
 void TLMapCanvas::keyPressEvent(QKeyEvent* event) {
-    if (mDispatcher) mDispatcher->KeyDown(event->key());
+    const bool taken = mDispatcher && mDispatcher->KeyDown(event->key());
+    // Escape belongs to the tool first (a tool may use it to drop what it holds); when the tool
+    // does not take it, it means leave the tool, as on the command line.
+    if (event->key() == Qt::Key_Escape) {
+        if (!taken) Q_EMIT escapePressed();
+        return;
+    }
     const int dx = int(width() * kArrowShare), dy = int(height() * kArrowShare);
     switch (event->key()) {
         case Qt::Key_Left:

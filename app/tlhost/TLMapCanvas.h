@@ -69,6 +69,8 @@ Q_SIGNALS:
     void viewChanged();
     // Printable keys typed while the canvas has the focus, for the command window.
     void textTyped(const QString& text);
+    // Escape that the tool in use did not take.
+    void escapePressed();
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -125,8 +125,8 @@ void TLShellWindow::buildMenus() {
     QMenu* tools = menuBar()->addMenu(tr("&Tools"));
     mPalette->FillMenu(tools);
     tools->addSeparator();
-    tools->addAction(tr("&Leave Tool"), this, &TLShellWindow::LeaveTool,
-                     QKeySequence(Qt::Key_Escape));
+    // No shortcut: Escape reaches the tool first, through the canvas and the command line.
+    tools->addAction(tr("&Leave Tool\tEsc"), this, &TLShellWindow::LeaveTool);
 }
 
 void TLShellWindow::buildStatusBar() {
@@ -153,6 +153,8 @@ void TLShellWindow::connectHost() {
     });
     connect(mCommands, &TLCommandWindow::lineEntered, this, &TLShellWindow::lineEntered);
     connect(mCanvas, &TLMapCanvas::textTyped, mCommands, &TLCommandWindow::Type);
+    connect(mCanvas, &TLMapCanvas::escapePressed, this, &TLShellWindow::LeaveTool);
+    connect(mCommands, &TLCommandWindow::escapePressed, this, &TLShellWindow::LeaveTool);
     connect(mCanvas, &TLMapCanvas::pointerMoved, this, &TLShellWindow::showPointer);
     connect(mCanvas, &TLMapCanvas::viewChanged, this, &TLShellWindow::showScale);
     connect(mPalette, &TLToolPalette::toolPicked, this, &TLShellWindow::PickTool);

@@ -5,6 +5,7 @@
 #include <QTest>
 
 #include "ShellFixture.h"
+#include "ShellTestData.h"
 #include "TLShellDocument.h"
 #include "hostkit/TLModalAnswerer.h"
 #include "tlmap/TLFeatureLayer.h"
@@ -90,6 +91,34 @@ private Q_SLOTS:
         answerer.Queue("Discard");
         QVERIFY(window->close());
         QCOMPARE(storedCount("wells"), 3);
+    }
+
+    void shapefilesAndGeoJsonOpenAndSaveLikeGeoPackages_data() {
+        QTest::addColumn<QString>("driver");
+        QTest::addColumn<QString>("file");
+        QTest::newRow("Shapefile") << "ESRI Shapefile"
+                                   << "wells.shp";
+        QTest::newRow("GeoJSON") << "GeoJSON"
+                                 << "wells.geojson";
+    }
+
+    void shapefilesAndGeoJsonOpenAndSaveLikeGeoPackages() {
+        QFETCH(QString, driver);
+        QFETCH(QString, file);
+        closeShell();
+        folder = std::make_unique<QTemporaryDir>();
+        dataPath = ShellTestData::WriteWells(folder->path(), driver.toUtf8().constData(),
+                                             file.toUtf8().constData());
+        QVERIFY(!dataPath.isEmpty());
+        window = std::make_unique<TLShellWindow>();
+        window->show();
+        QVERIFY(window->OpenData(dataPath));
+        QCOMPARE(window->Document()->Map()->GetLayerCount(), 1);
+        QCOMPARE(window->Document()->Map()->editor()->edit_layer(),
+                 static_cast<TLLayer*>(layer("wells")));
+        addWell();
+        window->SaveAction()->trigger();
+        QCOMPARE(storedCount("wells"), 4);
     }
 
     void aSourceThatCannotBeOpenedIsReported() {

@@ -112,6 +112,23 @@ private Q_SLOTS:
         QCOMPARE(layer("wells")->GetDatasource()->GetFeatureCount(), 4);
     }
 
+    void escapeLeavesTheToolFromTheMapAndFromTheCommandLine() {
+        pickFromPalette("TLCmdDigitizePoint");
+        window->Canvas()->setFocus();
+        QTest::keyClick(window->Canvas(), Qt::Key_Escape);
+        QVERIFY(!window->Dispatcher()->ActiveTool());
+        QCOMPARE(window->Palette()->Active(), -1);
+        QCOMPARE(prompt(), QString());
+
+        pickFromPalette("TLCmdDigitizePoint");
+        QLineEdit* input = window->Commands()->Input();
+        QTest::keyClicks(input, "12,");
+        QTest::keyClick(input, Qt::Key_Escape);
+        QVERIFY(input->text().isEmpty());
+        QVERIFY(!window->Dispatcher()->ActiveTool());
+        QCOMPARE(layer("wells")->GetDatasource()->GetFeatureCount(), 3);
+    }
+
     void theCurrentLayerFollowsThePanelsSelection() {
         TLLayerPanel* panel = window->Layers();
         panel->setCurrentItem(panel->ItemOf(layer("parcels")));

@@ -65,6 +65,22 @@ QString ShellTestData::WriteGeoPackage(const QString& folder) {
     return written ? path : QString();
 }
 
+QString ShellTestData::WriteWells(const QString& folder, const char* driverName, const char* file) {
+    GDALAllRegister();
+    const QString path = folder + "/" + file;
+    GDALDriver* driver = GetGDALDriverManager()->GetDriverByName(driverName);
+    std::unique_ptr<GDALDataset> dataset(
+        driver->Create(path.toUtf8().constData(), 0, 0, 0, GDT_Unknown, nullptr));
+    if (!dataset) return QString();
+    OGRSpatialReference srs;
+    srs.importFromEPSG(3857);
+    OGRLayer* wells = makeLayer(dataset.get(), "wells", wkbPoint, &srs);
+    const bool written = addFeature(wells, new OGRPoint(200, 200), "north") &&
+                         addFeature(wells, new OGRPoint(500, 500), "centre") &&
+                         addFeature(wells, new OGRPoint(800, 300), "east");
+    return written ? path : QString();
+}
+
 QString ShellTestData::WriteRaster(const QString& folder) {
     GDALAllRegister();
     const QString path = folder + "/slope.tif";

@@ -11,6 +11,8 @@ namespace TMObjects {
 class ShellTestData {
 public:
     static QString WriteGeoPackage(const QString& folder);
+    // Only the wells, in a file of the named GDAL driver ("ESRI Shapefile", "GeoJSON").
+    static QString WriteWells(const QString& folder, const char* driverName, const char* file);
     // A 10 x 10 single-band GeoTIFF over 0..1000 x 0..1000 whose cells grow from 0 (left) to
     // 90 (right), with no data in the top-left cell.
     static QString WriteRaster(const QString& folder);
