@@ -1,0 +1,90 @@
+#include "TLGeometryMatch.h"
+
+#include <cctype>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <vector>
+
+#include "tlgeo/TLGeometryWkt.h"
+
+namespace TMObjects {
+
+namespace {
+
+// The WKT of a geometry cut into its numbers and the text between them (kind, parentheses,
+// commas), so that the shape is compared exactly and the numbers within the tolerance.
+struct Cut {
+    std::string shape;
+    std::vector<double> numbers;
+};
+
+bool startsNumber(const std::string& text, std::size_t at) {
+    const char c = text[at];
+    if (std::isdigit(static_cast<unsigned char>(c))) return true;
+    return (c == '-' || c == '.') && at + 1 < text.size() &&
+           (std::isdigit(static_cast<unsigned char>(text[at + 1])) || text[at + 1] == '.');
+}
+
+Cut cut(const std::string& wkt) {
+    Cut result;
+    for (std::size_t at = 0; at < wkt.size();) {
+        if (startsNumber(wkt, at)) {
+            char* end = nullptr;
+            result.numbers.push_back(std::strtod(wkt.c_str() + at, &end));
+            at = std::size_t(end - wkt.c_str());
+            result.shape += '#';
+            continue;
+        }
+        if (wkt[at] != ' ') result.shape += wkt[at];
+        ++at;
+    }
+    return result;
+}
+
+std::string vertexText(const std::vector<double>& numbers, std::size_t first, std::size_t n) {
+    std::string text;
+    for (std::size_t i = first; i < first + n && i < numbers.size(); ++i) {
+        if (!text.empty()) text += " ";
+        char buffer[32];
+        std::snprintf(buffer, sizeof buffer, "%.17g", numbers[i]);
+        text += buffer;
+    }
+    return text;
+}
+
+}  // namespace
+
+bool TLGeometryMatch::Matches(TLGeometry* actual, const std::string& expectedWkt, double tolerance,
+                              std::string& why) {
+    const TLRefPtr<TLGeometry> expected = TLGeometryWkt::FromWkt(expectedWkt);
+    if (!expected) {
+        why = "the expected geometry \"" + expectedWkt + "\" is no WKT";
+        return false;
+    }
+    const std::string want = TLGeometryWkt::ToWkt(expected.get());
+    if (!actual) {
+        why = "the feature has no geometry, expected " + want;
+        return false;
+    }
+    const std::string have = TLGeometryWkt::ToWkt(actual);
+    const Cut a = cut(have), b = cut(want);
+    if (a.shape != b.shape) {
+        why = "the geometry is " + have + ", expected " + want;
+        return false;
+    }
+    // Coordinates come in pairs (or triples with Z); name the vertex by its first number.
+    const std::size_t dimension = have.find(" Z ") != std::string::npos ? 3 : 2;
+    for (std::size_t i = 0; i < a.numbers.size(); ++i) {
+        if (std::fabs(a.numbers[i] - b.numbers[i]) <= tolerance) continue;
+        const std::size_t vertex = i / dimension;
+        why = "vertex " + std::to_string(vertex + 1) + " is (" +
+              vertexText(a.numbers, vertex * dimension, dimension) + "), expected (" +
+              vertexText(b.numbers, vertex * dimension, dimension) + ") within " +
+              vertexText({tolerance}, 0, 1) + "; the geometry is " + have;
+        return false;
+    }
+    return true;
+}
+
+}  // namespace TMObjects
