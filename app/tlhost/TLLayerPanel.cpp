@@ -76,10 +76,10 @@ void TLLayerPanel::Reload() {
         }
     }
     mSyncing = false;
-    syncMarks();
+    Sync();
 }
 
-void TLLayerPanel::syncMarks() {
+void TLLayerPanel::Sync() {
     if (!mMap) return;
     mSyncing = true;
     TLLayer* editing = mMap->editor()->edit_layer();
@@ -113,21 +113,21 @@ TLLayer* TLLayerPanel::LayerOf(const QTreeWidgetItem* item) const {
 void TLLayerPanel::SetEditLayer(TLLayer* layer) {
     if (!mMap || mMap->editor()->edit_layer() == layer) return;
     mMap->editor()->set_edit_layer(layer);
-    syncMarks();
+    Sync();
     Q_EMIT editLayerChanged(layer);
 }
 
 void TLLayerPanel::SetLayerVisible(TLLayer* layer, bool visible) {
     if (!layer || layer->IsVisible() == visible) return;
     layer->SetVisible(visible);
-    syncMarks();
+    Sync();
     Q_EMIT visibilityChanged(layer);
 }
 
 void TLLayerPanel::SetLayerEditable(TLLayer* layer, bool editable) {
     if (!layer || layer->IsEditable() == editable) return;
     layer->SetEditable(editable);
-    syncMarks();
+    Sync();
     Q_EMIT editableChanged(layer);
 }
 

@@ -21,6 +21,9 @@ public:
     void SetMap(TLMap* map);
     // Lists the map's layers again, after layers were added or removed.
     void Reload();
+    // Brings the marks (shown, current, editable, edited) in line with the map without telling
+    // anybody: after a tool changed them.
+    void Sync();
     QTreeWidgetItem* ItemOf(const TLLayer* layer) const;
     TLLayer* LayerOf(const QTreeWidgetItem* item) const;
 
@@ -43,8 +46,6 @@ protected:
 private:
     void itemChanged(QTreeWidgetItem* item, int column);
     void currentChanged(QTreeWidgetItem* item);
-    // Brings the check marks in line with the map without telling anybody.
-    void syncMarks();
 
     TLMap* mMap = nullptr;
     bool mSyncing = false;

@@ -64,6 +64,7 @@ TLShellWindow::TLShellWindow(QWidget* parent)
 TLShellWindow::~TLShellWindow() {
     // The tool lets go of its bands and the command line while the view is still there.
     mDispatcher->Deactivate();
+    bindMapSignals(false);
     mDocument->Map()->editor()->RemoveListener(this);
     mCanvas->SetDispatcher(nullptr);
     mCanvas->SetView(nullptr);
@@ -151,6 +152,7 @@ void TLShellWindow::connectHost() {
                 .arg(QString::fromStdString(entry), QString::fromStdString(what)));
         mCanvas->RefreshAll();
     });
+    bindMapSignals(true);
     connect(mCommands, &TLCommandWindow::lineEntered, this, &TLShellWindow::lineEntered);
     connect(mCanvas, &TLMapCanvas::textTyped, mCommands, &TLCommandWindow::Type);
     connect(mCanvas, &TLMapCanvas::escapePressed, this, &TLShellWindow::LeaveTool);
@@ -161,6 +163,27 @@ void TLShellWindow::connectHost() {
     connect(mLayers, &TLLayerPanel::visibilityChanged, mCanvas, [this] { mCanvas->RefreshAll(); });
     connect(mLayers, &TLLayerPanel::editLayerChanged, this, &TLShellWindow::editLayerChanged);
     connect(mLayers, &TLLayerPanel::zoomToLayerRequested, mCanvas, &TLMapCanvas::ZoomToLayer);
+}
+
+void TLShellWindow::bindMapSignals(bool bind) {
+    // Tools insert scratch layers and pick current layers themselves; the panel follows the map
+    // rather than what the shell last did to it.
+    TLMap* map = mDocument->Map();
+    TLString key;
+    key.Format("%p shell", static_cast<void*>(this));
+    if (!bind) {
+        map->layerAdded.unbind(key);
+        map->layerRemoved.unbind(key);
+        map->currentLayerChanged.unbind(key);
+        return;
+    }
+    const auto layersChanged = [this](void*, TLEvent*) {
+        mLayers->Reload();
+        mCanvas->RefreshAll();
+    };
+    map->layerAdded.bind(key, layersChanged);
+    map->layerRemoved.bind(key, layersChanged);
+    map->currentLayerChanged.bind(key, [this](void*, TLEvent*) { mLayers->Sync(); });
 }
 
 void TLShellWindow::hostEvent(const TLHostEvent& event) {

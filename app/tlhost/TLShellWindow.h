@@ -62,6 +62,7 @@ private:
     void buildMenus();
     void buildStatusBar();
     void connectHost();
+    void bindMapSignals(bool bind);
     void hostEvent(const TLHostEvent& event);
     void lineEntered(const QString& line);
     void openDialog();

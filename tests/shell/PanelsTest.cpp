@@ -139,6 +139,21 @@ private Q_SLOTS:
                  QString("polygon"));
     }
 
+    void layersThatToolsAddOrPickShowInThePanel() {
+        TLMap* map = window->Document()->Map();
+        TLFeatureLayer* scratch = TLFeatureLayer::CreateMemoryLayer(
+            "MeasurePointLayer", TLLayer::PointLayer, TLFields(), map->GetSpatialReference());
+        map->InsertLayer(0, scratch, true);
+        TLLayerPanel* panel = window->Layers();
+        QCOMPARE(panel->topLevelItemCount(), 4);
+        QCOMPARE(panel->topLevelItem(0)->text(TLLayerPanel::NameColumn),
+                 QString("MeasurePointLayer"));
+        map->SetCurrentLayer(layer("roads"));
+        QCOMPARE(panel->currentItem(), panel->ItemOf(layer("roads")));
+        map->RemoveLayer(scratch);
+        QCOMPARE(panel->topLevelItemCount(), 3);
+    }
+
     void upAndDownRecallEarlierLines() {
         TLCommandWindow* commands = window->Commands();
         QLineEdit* input = commands->Input();
