@@ -3,7 +3,9 @@
 //   tlhost [--plugin LIBRARY] [--screenshot PNG] [DATA ...]
 //
 // --screenshot draws the window once the data are open, writes it to PNG and quits: a look at
-// the real program from a script, under Xvfb or the offscreen platform.
+// the real program from a script, under Xvfb or the offscreen platform. It says on the standard
+// output what it opened, and dismisses any dialog (a source that fails to open) rather than wait
+// for a user who is not there.
 //
 // Without DATA it opens the demo GeoPackage, demo/demo.gpkg, looked for below the working
 // directory and then in the source tree the program was built from.
@@ -13,9 +15,11 @@
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QTimer>
+#include <iostream>
 
 #include "TLCommandWindow.h"
 #include "TLShellWindow.h"
+#include "hostkit/TLModalAnswerer.h"
 #include "hostkit/TLPluginLoader.h"
 
 using namespace TMObjects;
@@ -72,9 +76,16 @@ int main(int argc, char** argv) {
             else
                 data << demo;
         }
-        for (const QString& path : data) window.OpenData(path);
+        const bool scripted = parser.isSet(screenshotOption);
+        TLModalAnswerer answerer;
+        if (scripted) answerer.Start();
+        for (const QString& path : data) {
+            const bool opened = window.OpenData(path);
+            if (scripted)
+                std::cout << (opened ? "opened " : "could not open ") << path.toStdString() << "\n";
+        }
         window.show();
-        if (parser.isSet(screenshotOption)) {
+        if (scripted) {
             // Once the event loop has laid the window out and drawn it.
             QTimer::singleShot(0, &window, [&] {
                 const bool saved = window.grab().save(parser.value(screenshotOption));
