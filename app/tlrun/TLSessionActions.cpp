@@ -127,8 +127,13 @@ bool TLSessionActions::open(const TLSessionCommand& c, std::string& error) {
         error = why.toStdString();
         return false;
     }
-    for (const auto& layer : workspace->GetLayers())
+    for (const auto& layer : workspace->GetLayers()) {
         mSession.Transcript().Event("layer", describe(layer.get()));
+        if (mSession.Map()->GetLayerByName(layer->GetLayerName()))
+            mSession.Transcript().Event(
+                "note", "the map has a layer " + layer->GetLayerName().toStdString() +
+                            " already; the script names the first one opened");
+    }
     for (const TLString& note : workspace->GetNotes())
         mSession.Transcript().Event("note", note.toStdString());
     mSession.AddWorkspace(std::move(workspace));
@@ -165,7 +170,11 @@ bool TLSessionActions::view(const TLSessionCommand& c, std::string& error) {
 }
 
 bool TLSessionActions::edit(const TLSessionCommand& c, std::string& error) {
-    if (!c.Expect(1, 1, "edit LAYER", error)) return false;
+    if (!c.Expect(0, 1, "edit [LAYER]", error)) return false;
+    if (c.words.empty()) {
+        mSession.Map()->editor()->set_edit_layer(nullptr);
+        return true;
+    }
     TLLayer* layer = mSession.Layer(c.words[0], error);
     if (!layer) return false;
     mSession.Map()->editor()->set_edit_layer(layer);

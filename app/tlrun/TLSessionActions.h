@@ -14,7 +14,8 @@ namespace TMObjects {
 //   open FILE [readonly]           opens a data source; its layers go on the map
 //   crs CODE                       the map's coordinate system: "EPSG:n", WKT or PROJ text
 //   view W H XMIN YMIN XMAX YMAX   the view's size in pixels and the map rectangle it shows
-//   edit LAYER                     makes LAYER the edit layer (and the current one)
+//   edit [LAYER]                   makes LAYER the edit layer (and the current one); without
+//                                  LAYER no layer is edited
 //   tool CLASS                     picks a tool of the plugin by class name or place in the pool
 //   leave                          leaves the active tool
 //   move|press|release|click|dblclick [left|right|middle] X Y

@@ -20,7 +20,8 @@ namespace {
 const char* const kUntouched = " The data source was left as it was.";
 
 GDALDatasetUniquePtr openForWriting(const std::string& path) {
-    return GDALDatasetUniquePtr(GDALDataset::Open(path.c_str(), GDAL_OF_VECTOR | GDAL_OF_UPDATE));
+    return GDALDatasetUniquePtr(
+        GDALDataset::Open(path.c_str(), GDAL_OF_VECTOR | GDAL_OF_UPDATE | GDAL_OF_VERBOSE_ERROR));
 }
 
 // A fresh directory beside the original, so that the final renames stay on one file system and

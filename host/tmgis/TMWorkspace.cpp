@@ -56,11 +56,15 @@ std::unique_ptr<TMWorkspace> TMWorkspace::Open(const TLString& path, bool editab
                                                TLString& error) {
     TLGdalCall gdal;
     const std::string file = path.toStdString();
-    GDALDatasetUniquePtr dataset(
-        GDALDataset::Open(file.c_str(), GDAL_OF_VECTOR | GDAL_OF_RASTER | GDAL_OF_READONLY));
+    GDALDatasetUniquePtr dataset(GDALDataset::Open(
+        file.c_str(), GDAL_OF_VECTOR | GDAL_OF_RASTER | GDAL_OF_READONLY | GDAL_OF_VERBOSE_ERROR));
     if (!dataset) {
+        std::error_code failed;
+        const bool exists = fs::exists(file, failed);
         error = TLString("Cannot open " + file + ": " +
-                         gdal.Reason("no such file, or a format GDAL does not read") + ".");
+                         (exists ? gdal.Reason("GDAL reads no such format")
+                                 : std::string("no such file or folder")) +
+                         ".");
         return nullptr;
     }
     std::unique_ptr<TMWorkspace> workspace(new TMWorkspace);
