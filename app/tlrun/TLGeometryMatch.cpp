@@ -2,10 +2,10 @@
 
 #include <cctype>
 #include <cmath>
-#include <cstdio>
 #include <cstdlib>
 #include <vector>
 
+#include "tlbase/TLString.h"
 #include "tlgeo/TLGeometryWkt.h"
 
 namespace TMObjects {
@@ -46,14 +46,18 @@ std::string vertexText(const std::vector<double>& numbers, std::size_t first, st
     std::string text;
     for (std::size_t i = first; i < first + n && i < numbers.size(); ++i) {
         if (!text.empty()) text += " ";
-        char buffer[32];
-        std::snprintf(buffer, sizeof buffer, "%.17g", numbers[i]);
-        text += buffer;
+        text += TLString::Number(numbers[i]).toStdString();
     }
     return text;
 }
 
 }  // namespace
+
+bool TLGeometryMatch::Readable(const std::string& wkt, std::string& error) {
+    if (TLGeometryWkt::FromWkt(wkt)) return true;
+    error = "the expected geometry \"" + wkt + "\" is no WKT";
+    return false;
+}
 
 bool TLGeometryMatch::Matches(TLGeometry* actual, const std::string& expectedWkt, double tolerance,
                               std::string& why) {

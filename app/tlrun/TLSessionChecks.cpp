@@ -113,7 +113,9 @@ bool TLSessionChecks::featureId(const TLFeatureTable& table, const std::string& 
 }
 
 bool TLSessionChecks::feature(const TLSessionCommand& c, std::string& failure, std::string& error) {
-    if (!c.Expect(4, 100, "expect feature LAYER ID|last WKT", error)) return false;
+    if (!c.Expect(4, 100, "expect feature LAYER ID|last WKT", error) ||
+        !TLGeometryMatch::Readable(c.Rest(3), error))
+        return false;
     TLFeatureLayer* layer = mSession.FeatureLayer(c.words[1], error);
     int id = 0;
     if (!layer || !featureId(*layer->GetDatasource(), c.words[2], id, error)) return false;
@@ -206,7 +208,9 @@ bool TLSessionChecks::stored(const TLSessionCommand& c, std::string& failure, st
 
 bool TLSessionChecks::storedFeature(const TLSessionCommand& c, std::string& failure,
                                     std::string& error) {
-    if (!c.Expect(4, 100, "expect stored-feature LAYER ID|last WKT", error)) return false;
+    if (!c.Expect(4, 100, "expect stored-feature LAYER ID|last WKT", error) ||
+        !TLGeometryMatch::Readable(c.Rest(3), error))
+        return false;
     TLFeatureLayer* layer = mSession.FeatureLayer(c.words[1], error);
     if (!layer) return false;
     std::unique_ptr<TMWorkspace> workspace = reread(layer, error);

@@ -70,7 +70,10 @@ void TLTranscript::Fail(int line, const std::string& what) {
 }
 
 void TLTranscript::Error(int line, const std::string& what) {
-    mOut << "  ERROR line " << line << ": " << OneLine(what) << "\n";
+    // Line 0 is the session itself, before any command: the plugin did not load.
+    mOut << "  ERROR";
+    if (line > 0) mOut << " line " << line;
+    mOut << ": " << OneLine(what) << "\n";
 }
 
 void TLTranscript::Summary(int commands, int expectations) {

@@ -53,7 +53,10 @@ int makeDemo(const std::string& file) {
 
 int main(int argc, char** argv) {
     chooseHeadlessPlatform();
-    QApplication application(argc, argv);
+    // The toolkit takes options of its own from the command line ("-plugin" among them): it is
+    // given the program's name only, and the arguments stay the runner's.
+    int toolkitArgc = 1;
+    QApplication application(toolkitArgc, argv);
     std::string workdir = ".", plugin = TMObjects::TLPluginLoader::DefaultPluginPath(), script;
     for (int i = 1; i < argc; ++i) {
         const std::string arg = argv[i];
