@@ -1,0 +1,14 @@
+# Plays the demo sessions (SESSIONS/*.tls, in name order) with tlrun in one fresh working folder;
+# every one must end with exit status 0.
+file(REMOVE_RECURSE ${WORKDIR})
+file(MAKE_DIRECTORY ${WORKDIR})
+file(GLOB sessions ${SESSIONS}/*.tls)
+list(SORT sessions)
+foreach(session ${sessions})
+  execute_process(COMMAND ${TLRUN} --workdir ${WORKDIR} ${session}
+    RESULT_VARIABLE status OUTPUT_VARIABLE transcript ERROR_VARIABLE errors)
+  message("${transcript}")
+  if(NOT status EQUAL 0)
+    message(FATAL_ERROR "${session} ended with ${status}")
+  endif()
+endforeach()
