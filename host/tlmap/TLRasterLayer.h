@@ -10,7 +10,7 @@ namespace TMObjects {
 // A raster on the map: where its cells come from and how they lie. The cells themselves are read
 // by the host's raster code on demand; the layer holds no pixels.
 class TLRasterLayer : public TLLayer {
-  public:
+public:
     // The layer kinds the raster tools tell rasters by.
     static constexpr LayerType SingleBandRaster = LayerType(6);
     static constexpr LayerType MultiBandRaster = LayerType(7);
@@ -40,7 +40,7 @@ class TLRasterLayer : public TLLayer {
     // The cell that holds a point of the layer's coordinates; false outside the raster.
     bool CellAt(const TLPoint& point, int& column, int& row) const;
 
-  private:
+private:
     TLString mSource;
     int mColumns;
     int mRows;

@@ -12,7 +12,7 @@ namespace TMObjects {
 // clear message and a script's transcript is not interleaved with library chatter.
 // Only the host's data code includes this header: it brings GDAL's own headers with it.
 class TLGdalCall {
-  public:
+public:
     TLGdalCall();
     ~TLGdalCall();
     TLGdalCall(const TLGdalCall&) = delete;
@@ -25,7 +25,7 @@ class TLGdalCall {
     bool HasFailures() const { return !mFailures.empty(); }
     const std::vector<std::string>& Warnings() const { return mWarnings; }
 
-  private:
+private:
     static void CPL_STDCALL collect(CPLErr level, CPLErrorNum number, const char* message);
     std::vector<std::string> mFailures;
     std::vector<std::string> mWarnings;

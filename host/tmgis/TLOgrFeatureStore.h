@@ -24,7 +24,7 @@ class TLGdalCall;
 // The data source is opened for each commit only, so that other programs can use the file
 // between saves.
 class TLOgrFeatureStore : public TLFeatureStore {
-  public:
+public:
     TLOgrFeatureStore(const TLString& path, const TLString& layerName);
     ~TLOgrFeatureStore() override;
 
@@ -38,7 +38,7 @@ class TLOgrFeatureStore : public TLFeatureStore {
     bool Commit(const TLFeatureTable& table, const std::vector<TLFeatureChange>& changes,
                 TLString& error) override;
 
-  private:
+private:
     bool commitInTransaction(GDALDataset& dataset, OGRLayer& layer,
                              const std::vector<TLFeatureChange>& changes, TLGdalCall& gdal,
                              TLString& error);

@@ -13,7 +13,7 @@ namespace TMObjects {
 // How an OGR layer's schema reads in the host: field types, the kind of layer, the table's
 // fields. Only the host's data code includes this header: it brings GDAL's own headers with it.
 class TLOgrSchema {
-  public:
+public:
     // The host's type of an OGR field; false for types the host has no field for (times of day,
     // binary, lists). Such fields stay out of the table and are kept in the store as they are.
     static bool FieldType(const OGRFieldDefn& field, TLField::FieldType& type);

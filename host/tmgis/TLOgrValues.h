@@ -17,7 +17,7 @@ namespace TMObjects {
 // well-known binary. Only the host's data code includes this header: it brings GDAL's own
 // headers with it.
 class TLOgrValues {
-  public:
+public:
     // A field's value as the host holds it; null when the field is unset or null. Dates come as
     // ISO 8601 text. Single-precision reals come rounded to single precision, as the host's float
     // fields keep them, so that an untouched value compares equal to what the store has.

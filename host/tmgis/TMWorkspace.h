@@ -16,7 +16,7 @@ namespace TMObjects {
 // in the layer's coordinates and save through a TLOgrFeatureStore; its rasters become raster
 // layers. The data source itself is closed again once read: each save opens it anew.
 class TMWorkspace {
-  public:
+public:
     // Reads the data source. With `editable` the feature layers may be edited (and saved);
     // without, they are read-only. Null, with the reason in `error`, when GDAL cannot open it
     // or it holds no layer at all.
@@ -32,7 +32,7 @@ class TMWorkspace {
     // whose geometry the host cannot hold, ids beyond the host's range.
     const std::vector<TLString>& GetNotes() const { return mNotes; }
 
-  private:
+private:
     TMWorkspace() = default;
     void readVectors(GDALDataset& dataset, bool editable);
     // The path of one layer's own data source: a folder of Shapefiles is a data source of many
