@@ -13,7 +13,9 @@ inline TLString toolText(const char* source) {
     return TLString(QObject::tr(source).toStdWString());
 }
 
-inline TLString toTLString(const QString& text) { return TLString(text.toStdWString()); }
+inline TLString toTLString(const QString& text) {
+    return TLString(text.toStdWString());
+}
 
 inline QString toQString(const TLString& text) {
     return QString::fromStdWString(text.toStdWString());

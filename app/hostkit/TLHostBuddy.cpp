@@ -7,7 +7,9 @@ void TLHostBuddy::record(TLHostEvent::Kind kind, const TLString& text, int value
     for (const auto& listener : mListeners) listener(mEvents.back());
 }
 
-void TLHostBuddy::NotifyEdited() { record(TLHostEvent::Edited, TLString()); }
+void TLHostBuddy::NotifyEdited() {
+    record(TLHostEvent::Edited, TLString());
+}
 
 void TLHostBuddy::SetToolEnabled(int enabled) {
     record(TLHostEvent::ToolEnabled, TLString(), enabled);
@@ -31,7 +33,9 @@ void TLHostBuddy::SetPrompt(TLString text) {
     record(TLHostEvent::Prompt, text);
 }
 
-void TLHostBuddy::AppendMessage(TLString text) { record(TLHostEvent::Message, text); }
+void TLHostBuddy::AppendMessage(TLString text) {
+    record(TLHostEvent::Message, text);
+}
 
 void TLHostBuddy::RegisterTool(TLString name, TLTool* tool, bool) {
     mRegistered = tool;
@@ -39,9 +43,13 @@ void TLHostBuddy::RegisterTool(TLString name, TLTool* tool, bool) {
     record(TLHostEvent::Register, name);
 }
 
-int TLHostBuddy::KeyboardModifiers() { return mModifiersSource ? mModifiersSource() : mModifiers; }
+int TLHostBuddy::KeyboardModifiers() {
+    return mModifiersSource ? mModifiersSource() : mModifiers;
+}
 
-void TLHostBuddy::ShowMessage(TLString text) { record(TLHostEvent::Notice, text); }
+void TLHostBuddy::ShowMessage(TLString text) {
+    record(TLHostEvent::Notice, text);
+}
 
 void TLHostBuddy::RefreshLayerList() {}
 

@@ -21,14 +21,16 @@ struct TLPluginLoader::Impl {
 
 TLPluginLoader::TLPluginLoader() : mImpl(std::make_unique<Impl>()) {}
 
-TLPluginLoader::~TLPluginLoader() { Unload(); }
+TLPluginLoader::~TLPluginLoader() {
+    Unload();
+}
 
 bool TLPluginLoader::Load(const std::string& path) {
     Unload();
     try {
         // import_alias keeps the library loaded for as long as the returned function lives.
-        mImpl->factory = boost::dll::import_alias<Factory>(
-            boost::dll::fs::path(path), "GetTMPlugIn");
+        mImpl->factory =
+            boost::dll::import_alias<Factory>(boost::dll::fs::path(path), "GetTMPlugIn");
     } catch (const std::exception& e) {
         mError = "cannot load the plugin " + path + ": " + e.what();
         return false;
@@ -52,6 +54,8 @@ void TLPluginLoader::Unload() {
     mImpl->factory = nullptr;
 }
 
-std::string TLPluginLoader::DefaultPluginPath() { return TL_DEFAULT_PLUGIN_PATH; }
+std::string TLPluginLoader::DefaultPluginPath() {
+    return TL_DEFAULT_PLUGIN_PATH;
+}
 
 }  // namespace TMObjects

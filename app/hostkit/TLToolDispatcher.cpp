@@ -8,7 +8,9 @@
 
 namespace TMObjects {
 
-TLToolDispatcher::~TLToolDispatcher() { Deactivate(); }
+TLToolDispatcher::~TLToolDispatcher() {
+    Deactivate();
+}
 
 void TLToolDispatcher::Activate(TLTool* tool) {
     Deactivate();

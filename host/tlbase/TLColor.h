@@ -9,8 +9,7 @@ class TLColor {
 public:
     TLColor() = default;
     TLColor(int r, int g, int b) : TLColor(r, g, b, 255) {}
-    TLColor(int r, int g, int b, int a)
-        : mR(clamp(r)), mG(clamp(g)), mB(clamp(b)), mA(clamp(a)) {}
+    TLColor(int r, int g, int b, int a) : mR(clamp(r)), mG(clamp(g)), mB(clamp(b)), mA(clamp(a)) {}
 
     int getR() const { return mR; }
     int getG() const { return mG; }
@@ -29,7 +28,11 @@ private:
     std::uint8_t mR = 0, mG = 0, mB = 0, mA = 255;
 };
 
-inline bool operator==(const TLColor& a, const TLColor& b) { return a.GetColor() == b.GetColor(); }
-inline bool operator!=(const TLColor& a, const TLColor& b) { return !(a == b); }
+inline bool operator==(const TLColor& a, const TLColor& b) {
+    return a.GetColor() == b.GetColor();
+}
+inline bool operator!=(const TLColor& a, const TLColor& b) {
+    return !(a == b);
+}
 
 }  // namespace TMObjects

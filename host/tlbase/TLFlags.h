@@ -8,7 +8,9 @@ public:
     TLFlags() = default;
     TLFlags(Enum e) : mValue(int(e)) {}
     explicit TLFlags(int v) : mValue(v) {}
-    bool testFlag(Enum e) const { return (mValue & int(e)) == int(e) && (int(e) != 0 || mValue == 0); }
+    bool testFlag(Enum e) const {
+        return (mValue & int(e)) == int(e) && (int(e) != 0 || mValue == 0);
+    }
     TLFlags operator|(Enum e) const { return TLFlags(mValue | int(e)); }
     int value() const { return mValue; }
 

@@ -10,6 +10,8 @@ TLPlugin::~TLPlugin() = default;
 
 void TLPlugin::UnloadPlugin() {}
 
-bool TLPlugin::IsDll() { return true; }
+bool TLPlugin::IsDll() {
+    return true;
+}
 
 }  // namespace TMObjects

@@ -25,7 +25,11 @@ public:
     double y = 0.0;
 };
 
-inline bool operator==(const TLPoint& a, const TLPoint& b) { return a.x == b.x && a.y == b.y; }
-inline bool operator!=(const TLPoint& a, const TLPoint& b) { return !(a == b); }
+inline bool operator==(const TLPoint& a, const TLPoint& b) {
+    return a.x == b.x && a.y == b.y;
+}
+inline bool operator!=(const TLPoint& a, const TLPoint& b) {
+    return !(a == b);
+}
 
 }  // namespace TMObjects

@@ -23,7 +23,9 @@ void TLRect::Union(const TLRect& other) {
     mYMax = std::max(mYMax, other.mYMax);
 }
 
-void TLRect::Union(const TLPoint& p) { Union(TLRect(p.x, p.x, p.y, p.y)); }
+void TLRect::Union(const TLPoint& p) {
+    Union(TLRect(p.x, p.x, p.y, p.y));
+}
 
 bool TLRect::PtInRect(const TLPoint& p) const {
     return !mEmpty && p.x >= mXMin && p.x <= mXMax && p.y >= mYMin && p.y <= mYMax;

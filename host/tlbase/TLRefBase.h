@@ -34,7 +34,9 @@ public:
     TLRefPtr(const TLRefPtr& o) : mPtr(o.mPtr) { acquire(); }
     TLRefPtr(TLRefPtr&& o) noexcept : mPtr(o.mPtr) { o.mPtr = nullptr; }
     template <class U>
-    TLRefPtr(const TLRefPtr<U>& o) : mPtr(o.get()) { acquire(); }
+    TLRefPtr(const TLRefPtr<U>& o) : mPtr(o.get()) {
+        acquire();
+    }
     ~TLRefPtr() { release(); }
 
     TLRefPtr& operator=(const TLRefPtr& o) {
@@ -64,7 +66,9 @@ public:
     void reset() { release(); }
 
     template <class U>
-    TLRefPtr<U> dynamicCast() const { return TLRefPtr<U>(dynamic_cast<U*>(mPtr)); }
+    TLRefPtr<U> dynamicCast() const {
+        return TLRefPtr<U>(dynamic_cast<U*>(mPtr));
+    }
 
 private:
     void acquire() {
@@ -79,8 +83,12 @@ private:
 };
 
 template <class T, class U>
-bool operator==(const TLRefPtr<T>& a, const TLRefPtr<U>& b) { return a.get() == b.get(); }
+bool operator==(const TLRefPtr<T>& a, const TLRefPtr<U>& b) {
+    return a.get() == b.get();
+}
 template <class T, class U>
-bool operator!=(const TLRefPtr<T>& a, const TLRefPtr<U>& b) { return a.get() != b.get(); }
+bool operator!=(const TLRefPtr<T>& a, const TLRefPtr<U>& b) {
+    return a.get() != b.get();
+}
 
 }  // namespace TMObjects

@@ -80,7 +80,9 @@ std::string toUtf8(const std::wstring& s) {
     return out;
 }
 
-int clampIndex(int i, int size) { return i < 0 ? 0 : (i > size ? size : i); }
+int clampIndex(int i, int size) {
+    return i < 0 ? 0 : (i > size ? size : i);
+}
 
 std::wstring lower(const std::wstring& s) {
     std::wstring out(s);
@@ -100,7 +102,9 @@ bool TLString::endsWith(const TLString& s) const {
            mText.compare(mText.size() - s.mText.size(), s.mText.size(), s.mText) == 0;
 }
 
-int TLString::CompareNoCase(const char* s) const { return CompareNoCase(TLString(s)); }
+int TLString::CompareNoCase(const char* s) const {
+    return CompareNoCase(TLString(s));
+}
 
 int TLString::CompareNoCase(const TLString& s) const {
     int c = lower(mText).compare(lower(s.mText));
@@ -200,7 +204,9 @@ int TLString::Replace(const TLString& from, const TLString& to) {
     return count;
 }
 
-TLString TLString::ToLower() const { return TLString(lower(mText)); }
+TLString TLString::ToLower() const {
+    return TLString(lower(mText));
+}
 
 TLString TLString::ToUpper() const {
     std::wstring out(mText);
@@ -287,12 +293,20 @@ TLString TLString::Number(double value) {
     return TLString(std::string(buffer, result.ptr));
 }
 
-TLString TLString::Number(int value) { return TLString(std::to_string(value)); }
+TLString TLString::Number(int value) {
+    return TLString(std::to_string(value));
+}
 
-std::string TLString::toStdString() const { return toUtf8(mText); }
+std::string TLString::toStdString() const {
+    return toUtf8(mText);
+}
 
-std::ostream& operator<<(std::ostream& os, const TLString& s) { return os << s.toStdString(); }
+std::ostream& operator<<(std::ostream& os, const TLString& s) {
+    return os << s.toStdString();
+}
 
-TLString Trans(const TLString& text) { return text; }
+TLString Trans(const TLString& text) {
+    return text;
+}
 
 }  // namespace TMObjects

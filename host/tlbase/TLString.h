@@ -26,7 +26,9 @@ public:
     int GetLength() const { return int(mText.size()); }
     int length() const { return int(mText.size()); }
     bool Contains(const TLString& s) const { return mText.find(s.mText) != std::wstring::npos; }
-    bool startsWith(const TLString& s) const { return mText.compare(0, s.mText.size(), s.mText) == 0; }
+    bool startsWith(const TLString& s) const {
+        return mText.compare(0, s.mText.size(), s.mText) == 0;
+    }
     bool endsWith(const TLString& s) const;
 
     // compare: 0 when equal
@@ -64,8 +66,8 @@ public:
     TLString& Format(const wchar_t* format, ...);
 
     // convert
-    double ToDouble() const;  // 0 when the text is no number
-    int ToInt() const;        // 0 when the text is no number
+    double ToDouble() const;               // 0 when the text is no number
+    int ToInt() const;                     // 0 when the text is no number
     static TLString Number(double value);  // shortest text that reads back to the same double
     static TLString Number(int value);
     std::string toStdString() const;  // UTF-8
@@ -82,8 +84,12 @@ private:
 inline bool operator==(const TLString& a, const TLString& b) {
     return a.toStdWString() == b.toStdWString();
 }
-inline bool operator!=(const TLString& a, const TLString& b) { return !(a == b); }
-inline TLString operator+(const char* a, const TLString& b) { return TLString(a) + b; }
+inline bool operator!=(const TLString& a, const TLString& b) {
+    return !(a == b);
+}
+inline TLString operator+(const char* a, const TLString& b) {
+    return TLString(a) + b;
+}
 std::ostream& operator<<(std::ostream& os, const TLString& s);
 
 // Translates a user text. The host has no catalogue of its own, so the source text comes back.

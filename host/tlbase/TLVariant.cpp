@@ -30,7 +30,9 @@ TLVariant TLVariant::FromDate(const TLString& isoText) {
     return r;
 }
 
-TLVariant& TLVariant::operator=(int v) { return *this = FromInt(v); }
+TLVariant& TLVariant::operator=(int v) {
+    return *this = FromInt(v);
+}
 
 TLVariant& TLVariant::operator=(long long v) {
     *this = FromInt(v);
@@ -38,9 +40,13 @@ TLVariant& TLVariant::operator=(long long v) {
     return *this;
 }
 
-TLVariant& TLVariant::operator=(double v) { return *this = TLVariant(v); }
+TLVariant& TLVariant::operator=(double v) {
+    return *this = TLVariant(v);
+}
 
-TLVariant& TLVariant::operator=(const TLString& v) { return *this = TLVariant(v); }
+TLVariant& TLVariant::operator=(const TLString& v) {
+    return *this = TLVariant(v);
+}
 
 TLString TLVariant::ToString() const {
     switch (mKind) {

@@ -7,7 +7,7 @@ namespace TMObjects {
 // An axis-aligned rectangle as a geometry. Relations and projection treat it as the polygon of
 // its four corners. A rectangle of zero width or height is not empty.
 class TLGeoEnvelope : public TLGeometry {
-  public:
+public:
     TLGeoEnvelope() = default;
     TLGeoEnvelope(double xmin, double ymin, double xmax, double ymax);
     // Empty when the rectangle is.
@@ -33,7 +33,7 @@ class TLGeoEnvelope : public TLGeometry {
     void QueryCoords(double* xmin, double* ymin, double* xmax, double* ymax) const;
     void SetEmpty() { mEmpty = true; }
 
-  private:
+private:
     void normalise();
     double mXY[4] = {0, 0, 0, 0};  // xmin, ymin, xmax, ymax
     bool mEmpty = true;

@@ -9,7 +9,7 @@ namespace TMObjects {
 // what the operations give where the answer is a set of points (two lines crossing twice, the
 // end points of a line) and what MULTIPOINT text reads into.
 class TLGeoMultiPoint : public TLGeometry {
-  public:
+public:
     TLGeoMultiPoint() = default;
 
     GeoType GetType() const override { return GeoMultipoint; }
@@ -31,7 +31,7 @@ class TLGeoMultiPoint : public TLGeometry {
     const TLPartList& Parts() const { return mParts; }
     TLPartList& Parts() { return mParts; }
 
-  private:
+private:
     TLPartList mParts;
 };
 

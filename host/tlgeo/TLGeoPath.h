@@ -17,7 +17,7 @@ namespace TMObjects {
 // now has its index (nothing when the index is out of range). A path made from a point array
 // owns its points.
 class TLGeoPath : public TLRefBase {
-  public:
+public:
     TLGeoPath();
     TLGeoPath(const double* xy, int count);
     TLGeoPath(std::shared_ptr<TLPartList> list, int part);
@@ -32,7 +32,7 @@ class TLGeoPath : public TLRefBase {
     bool IsClosed() const;
     double GetLength() const;
 
-  protected:
+protected:
     const double* first() const;
 
     std::shared_ptr<TLPartList> mList;
@@ -40,7 +40,7 @@ class TLGeoPath : public TLRefBase {
 };
 
 class TLGeoRing : public TLGeoPath {
-  public:
+public:
     using TLGeoPath::TLGeoPath;
     // Signed shoelace area: positive when the ring runs counter-clockwise. An unclosed ring
     // counts as closed.

@@ -5,7 +5,7 @@
 namespace TMObjects {
 
 class TLGeoPoint : public TLGeometry {
-  public:
+public:
     TLGeoPoint() = default;
     TLGeoPoint(double x, double y) : mXY{x, y}, mEmpty(false) {}
 
@@ -38,7 +38,7 @@ class TLGeoPoint : public TLGeometry {
     // Empties the point.
     void SetEmpty();
 
-  private:
+private:
     double mXY[2] = {0.0, 0.0};  // one array, so that GetRawPoints can hand it out
     double mZ = 0.0;
     bool mEmpty = true;

@@ -14,7 +14,7 @@ namespace TMObjects {
 // Holes are told by containment, not by direction or order: a ring inside an odd number of
 // other rings is a hole of the nearest one around it.
 class TLGeoPolygon : public TLGeometry {
-  public:
+public:
     TLGeoPolygon();
     // Copies are deep: a copy never shares its points with the original or its ring views.
     TLGeoPolygon(const TLGeoPolygon& other);
@@ -65,7 +65,7 @@ class TLGeoPolygon : public TLGeometry {
     const TLPartList& Parts() const { return *mParts; }
     TLPartList& Parts() { return *mParts; }
 
-  private:
+private:
     std::shared_ptr<TLPartList> mParts;
 };
 

@@ -11,7 +11,7 @@ namespace TMObjects {
 // A line of one or more paths. Built in the order BeginPath, BeginSegment, AddXY for each vertex,
 // EndEntity; BeginPath opens a new path, and AddXY or AddPoints without one opens it.
 class TLGeoPolyline : public TLGeometry {
-  public:
+public:
     TLGeoPolyline();
     // Copies are deep: a copy never shares its points with the original or its path views.
     TLGeoPolyline(const TLGeoPolyline& other);
@@ -60,7 +60,7 @@ class TLGeoPolyline : public TLGeometry {
     const TLPartList& Parts() const { return *mParts; }
     TLPartList& Parts() { return *mParts; }
 
-  private:
+private:
     std::shared_ptr<TLPartList> mParts;
 };
 

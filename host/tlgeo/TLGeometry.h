@@ -27,7 +27,7 @@ namespace TMObjects {
 // open and save (from TLSerialize) are overridden by each concrete class after its own virtuals,
 // so that the table above stays unbroken for the classes that continue it.
 class TLGeometry : public TLRefBase, public TLSerialize {
-  public:
+public:
     enum GeoType {
         GeoUnknown = 0,
         GeoPoint = 2,

@@ -12,7 +12,7 @@ namespace TMObjects {
 // geometry type, then the coordinates in the machine's byte order. The stream serves the
 // host's own edit buffers and caches within one process; WKB is the form for exchange.
 class TLGeometryCodec {
-  public:
+public:
     static void WriteHeader(TLFileFunc& file, TLGeometry::GeoType type);
     // False when the stream does not hold a geometry of this type next.
     static bool ReadHeader(TLFileFunc& file, TLGeometry::GeoType type);
@@ -32,7 +32,7 @@ class TLGeometryCodec {
         return file.ReadBytes(&value, sizeof value);
     }
 
-  private:
+private:
     static constexpr std::uint8_t kVersion = 1;
 };
 

@@ -22,7 +22,7 @@ GEOSContextHandle_t handle() {
 
 // Writes numbers with a fixed count of decimals, or the shortest text that reads back.
 class Printer {
-  public:
+public:
     explicit Printer(int decimals) : mDecimals(std::min(decimals, 30)) {}
 
     std::string Number(double v) const {
@@ -50,7 +50,7 @@ class Printer {
         return Sequence(parts, parts.PartStart(part), parts.PartSize(part));
     }
 
-  private:
+private:
     int mDecimals;
 };
 

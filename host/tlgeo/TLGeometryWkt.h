@@ -10,7 +10,7 @@ namespace TMObjects {
 // Well-known text and binary for the host's own programs (session runner, data stores).
 // Tools never call these.
 class TLGeometryWkt {
-  public:
+public:
     // POINT, MULTIPOINT, LINESTRING, MULTILINESTRING, POLYGON, MULTIPOLYGON, with or without Z,
     // and collections of one dimension. A null pointer for bad text and for collections that
     // mix dimensions (the library has no geometry that could hold them whole).

@@ -11,7 +11,7 @@ namespace TMObjects {
 // each thread gets its own, made on first use and finished when the thread ends. Errors that
 // GEOS reports are kept as the last message instead of going to the standard error.
 class TLGeosContext {
-  public:
+public:
     static GEOSContextHandle_t Handle();
     static const std::string& LastError();
 
@@ -21,7 +21,7 @@ class TLGeosContext {
     };
     using GeometryPtr = std::unique_ptr<GEOSGeometry, Deleter>;
 
-  private:
+private:
     TLGeosContext();
     ~TLGeosContext();
     static TLGeosContext& instance();

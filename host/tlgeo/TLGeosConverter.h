@@ -16,7 +16,7 @@ namespace TMObjects {
 //
 // Back from GEOS: collections are flattened into the parts of one geometry.
 class TLGeosConverter {
-  public:
+public:
     // Null for a null geometry or when GEOS refuses the coordinates.
     static TLGeosContext::GeometryPtr ToGeos(const TLGeometry* geometry);
 
@@ -31,7 +31,7 @@ class TLGeosConverter {
     // The kind an operation's result takes for a geometry of this type: envelopes give polygons.
     static TLGeometry::GeoType ResultFamily(TLGeometry::GeoType type);
 
-  private:
+private:
     static TLRefPtr<TLGeometry> fromGeos(const GEOSGeometry* geometry,
                                          TLGeometry::GeoType emptyType, bool strict);
 };

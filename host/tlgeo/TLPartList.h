@@ -14,7 +14,7 @@ namespace TMObjects {
 //
 // Z values, when present, run parallel to the points: Z() then holds exactly PointCount() values.
 class TLPartList {
-  public:
+public:
     int PartCount() const { return int(mStarts.size()); }
     int PointCount() const { return int(mXY.size() / 2); }
     int PartStart(int part) const { return mStarts[std::size_t(part)]; }
@@ -75,7 +75,7 @@ class TLPartList {
     bool NearestSegment(const TLPoint& p, double tolerance, bool closeRings, int& part,
                         int& rawIndex) const;
 
-  private:
+private:
     void appendZ(int count);
 
     std::vector<double> mXY;

@@ -12,7 +12,7 @@ namespace TMObjects {
 // hole of the nearest ring around it, one inside an even number is an outer ring (an island in a
 // hole starts a polygon of its own).
 class TLRingNesting {
-  public:
+public:
     explicit TLRingNesting(const TLPartList& rings);
 
     // The number of rings that contain this one.
@@ -26,7 +26,7 @@ class TLRingNesting {
     // 1 when the point lies inside the ring, 0 on its boundary, -1 outside.
     static int Locate(const TLPartList& rings, int part, const TLPoint& p);
 
-  private:
+private:
     bool contains(int outer, int inner) const;
 
     const TLPartList& mRings;

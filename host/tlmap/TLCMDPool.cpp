@@ -21,6 +21,8 @@ TLTool* TLCMDPool::GetTool(int index) const {
     return index >= 0 && index < GetToolCount() ? mTools[std::size_t(index)].get() : nullptr;
 }
 
-void TLCMDPool::Clear() { mTools.clear(); }
+void TLCMDPool::Clear() {
+    mTools.clear();
+}
 
 }  // namespace TMObjects

@@ -13,7 +13,7 @@ class TLRubberBand;
 // Angles are radians unless a line says otherwise. A calculator that answers false leaves its
 // results untouched; one that answers a double never answers a NaN for finite input.
 class TLDrawCommonTool {
-  public:
+public:
     // Two numbers separated by a comma, x first; blanks around each number, a sign, decimals
     // and an exponent are allowed; false on anything else (also on nan, inf and hex).
     static bool ReadInputPoint(const TLString& text, double& x, double& y);

@@ -14,7 +14,7 @@ class TLFeatureTable;
 
 // Told of the editor's operations, for the undo menu and session records.
 class TLEditorListener {
-  public:
+public:
     virtual ~TLEditorListener() = default;
     virtual void OnOperationStarted(const TLString& label) {}
     virtual void OnOperationCommitted(const TLString& label) {}
@@ -26,7 +26,7 @@ class TLEditorListener {
 // The map's single editor: the edit layer and an undo stack in which each
 // StartOperation ... CommitOperation bracket is one step carrying its label.
 class TLEditor {
-  public:
+public:
     TLEditor();
     ~TLEditor();
 
@@ -64,7 +64,7 @@ class TLEditor {
     void AddListener(TLEditorListener* listener);
     void RemoveListener(TLEditorListener* listener);
 
-  private:
+private:
     struct Change {
         TLRefPtr<TLFeatureTable> table;
         int id;

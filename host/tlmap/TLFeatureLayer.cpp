@@ -19,13 +19,13 @@ const char* const kLayerOperationLabel = "edit features";
 // Keeps the selection to features that exist: a deleted feature leaves it at once, so that no
 // tool is handed the id of a feature that is gone.
 class TLFeatureLayer::SelectionKeeper : public TLFeatureTableListener {
-  public:
+public:
     explicit SelectionKeeper(TLFeatureLayer* layer) : mLayer(layer) {}
     void OnFeatureChanged(TLFeatureTable*, Change change, int id) override {
         if (change == Deleted) mLayer->mSelection.erase(id);
     }
 
-  private:
+private:
     TLFeatureLayer* mLayer;
 };
 

@@ -17,14 +17,14 @@ class TLFeatureRender;
 
 // Told when a layer's observers are notified (a finished drawing command, a saved edit).
 class TLLayerObserver {
-  public:
+public:
     virtual ~TLLayerObserver() = default;
     virtual void OnLayerNotify(TLLayer* layer, int hint) = 0;
 };
 
 // A layer of features, read from a TLFeatureTable that holds them in the layer's coordinates.
 class TLFeatureLayer : public TLLayer {
-  public:
+public:
     // What NotifyObservers says happened.
     enum NotifyHint { HintFeaturesChanged = 0, HintSelectionChanged = 1, HintSaved = 2 };
 
@@ -81,7 +81,7 @@ class TLFeatureLayer : public TLLayer {
     // The change notification: each observer hears (this layer, hint).
     void NotifyObservers(int hint);
 
-  private:
+private:
     class SelectionKeeper;
 
     TLRefPtr<TLFeatureTable> mTable;
@@ -99,7 +99,7 @@ class TLFeatureLayer : public TLLayer {
 
 // A layer whose features live only in memory: scratch layers of the tools.
 class TLMemoryFeatureLayer : public TLFeatureLayer {
-  public:
+public:
     TLMemoryFeatureLayer(const TLString& name, LayerType type, const TLFields& fields,
                          TLRefPtr<TLCoordinateSystem> reference);
 };

@@ -18,7 +18,7 @@ class TLFeatureTable;
 
 // A feature open for editing: writes go through the edit buffer, so they are undoable.
 class TLFeatureEditBuffer {
-  public:
+public:
     TLFeatureEditBuffer(TLLayerEditBuffer* buffer, int id) : mBuffer(buffer), mId(id) {}
     int GetId() const { return mId; }
     // The feature with its geometry shared with the layer: a change made in place to that
@@ -29,7 +29,7 @@ class TLFeatureEditBuffer {
     TLVariant GetValue(const TLString& field) const;
     bool SetGeometry(TLRefPtr<TLGeometry> geometry);
 
-  private:
+private:
     TLLayerEditBuffer* mBuffer;
     int mId;
 };
@@ -37,7 +37,7 @@ class TLFeatureEditBuffer {
 // All writes to a feature layer. Each write is recorded in the map editor's open operation
 // (or as a step of its own when none is open), so that undo and redo can restore it exactly.
 class TLLayerEditBuffer {
-  public:
+public:
     explicit TLLayerEditBuffer(TLFeatureLayer* layer);
     ~TLLayerEditBuffer();
 
@@ -66,7 +66,7 @@ class TLLayerEditBuffer {
 
     TLFeatureLayer* GetLayer() const { return mLayer; }
 
-  private:
+private:
     TLFeatureTable* table() const;
     TLEditor* editor() const;
     void record(int id, std::optional<TLFeature> before, const TLString& label);

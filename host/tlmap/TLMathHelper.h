@@ -6,7 +6,7 @@
 namespace TMObjects {
 
 class TLMathHelper {
-  public:
+public:
     // The angle at (x2, y2) between the rays to (x1, y1) and (x3, y3), in radians, 0 to pi; 0
     // when either ray has no length.
     static double Angle(double x1, double y1, double x2, double y2, double x3, double y3);

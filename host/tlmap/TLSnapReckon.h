@@ -5,7 +5,7 @@ namespace TMObjects {
 // Static calculators used while dragging and picking. A calculator that answers false leaves
 // its results untouched.
 class TLSnapReckon {
-  public:
+public:
     // The foot on the line through the two points, also beyond them; false when they are equal.
     static bool getNotLinePlumb(double x1, double y1, double x2, double y2, double x, double y,
                                 double& fx, double& fy);

@@ -15,7 +15,7 @@ namespace TMObjects {
 // Copies are deep: a copy owns a clone of the geometry, so that what a table or an undo step keeps
 // cannot be changed through a feature handed out to a tool.
 class TLFeature : public virtual TLRefBase {
-  public:
+public:
     TLFeature() = default;
     TLFeature(const TLFeature& other);
     TLFeature& operator=(const TLFeature& other);
@@ -39,7 +39,7 @@ class TLFeature : public virtual TLRefBase {
     // bookkeeping uses it to tell a real change from a write that put back what was there.
     bool SameContent(const TLFeature& other) const;
 
-  private:
+private:
     int mId = -1;
     TLRefPtr<TLGeometry> mGeometry;
     std::shared_ptr<const TLFields> mFields;

@@ -19,7 +19,7 @@ class TLSpatialIndex;
 
 // Told of every change of a table's features, for views and session records.
 class TLFeatureTableListener {
-  public:
+public:
     virtual ~TLFeatureTableListener() = default;
     enum Change { Added, Deleted, GeometryChanged, AttributesChanged };
     virtual void OnFeatureChanged(TLFeatureTable* table, Change change, int id) = 0;
@@ -29,7 +29,7 @@ class TLFeatureTableListener {
 // layer's coordinates, with a spatial index over their bounds and a segment index for snapping.
 // Changes are tracked against the store until Save.
 class TLFeatureTable : public TLRefBase {
-  public:
+public:
     TLFeatureTable(const TLString& name, const TLFields& fields,
                    std::unique_ptr<TLFeatureStore> store = nullptr);
     ~TLFeatureTable() override;
@@ -84,7 +84,7 @@ class TLFeatureTable : public TLRefBase {
     void AddListener(TLFeatureTableListener* listener);
     void RemoveListener(TLFeatureTableListener* listener);
 
-  private:
+private:
     void notify(TLFeatureTableListener::Change change, int id);
     void indexInsert(int id, const TLFeature& f);
     void indexRemove(int id);

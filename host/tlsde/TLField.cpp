@@ -39,8 +39,7 @@ int TLFields::FindField(const TLString& name) const {
     return -1;
 }
 
-void TLFields::AddField(const TLString& name, TLField::FieldType type, int length,
-                        int precision) {
+void TLFields::AddField(const TLString& name, TLField::FieldType type, int length, int precision) {
     mFields.emplace_back(new TLField(name, type, length, precision));
 }
 

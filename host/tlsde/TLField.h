@@ -77,8 +77,7 @@ public:
     // The index of the field of that name, ignoring case; -1 when there is none.
     int FindField(const TLString& name) const;
     void AddField(TLRefPtr<TLField> field) { mFields.push_back(field); }
-    void AddField(const TLString& name, TLField::FieldType type, int length = 0,
-                  int precision = 0);
+    void AddField(const TLString& name, TLField::FieldType type, int length = 0, int precision = 0);
 
 private:
     std::vector<TLRefPtr<TLField>> mFields;

@@ -23,7 +23,7 @@ struct TLSegmentRef {
 // for snapping and picking that never scan a layer. Ties between equally near candidates go to
 // the lower feature id, then the lower raw index.
 class TLSpatialIndex {
-  public:
+public:
     TLSpatialIndex();
     ~TLSpatialIndex();
 
@@ -44,7 +44,7 @@ class TLSpatialIndex {
     TLRect Extent() const;
     std::size_t Size() const;
 
-  private:
+private:
     struct Impl;
     std::unique_ptr<Impl> mImpl;
 };

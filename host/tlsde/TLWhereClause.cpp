@@ -293,7 +293,7 @@ using NodePtr = std::unique_ptr<Node>;
 // Recursive descent over the tokens. Nesting is bounded so that hostile text cannot exhaust the
 // stack.
 class Parser {
-  public:
+public:
     explicit Parser(std::vector<Token> tokens) : mTokens(std::move(tokens)) {}
 
     NodePtr parse(TLString& error) {
@@ -306,7 +306,7 @@ class Parser {
         return root;
     }
 
-  private:
+private:
     static constexpr int kMaxDepth = 200;
 
     const Token& peek() const { return mTokens[mPos]; }

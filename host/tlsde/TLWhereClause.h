@@ -12,7 +12,7 @@ namespace TMObjects {
 // as in SQL, and only a clause that comes out true matches. Text that does not parse matches
 // nothing, so that a typing error in a filter never selects a whole layer.
 class TLWhereClause {
-  public:
+public:
     explicit TLWhereClause(const TLString& text);
     ~TLWhereClause();
     TLWhereClause(const TLWhereClause&) = delete;
@@ -27,7 +27,7 @@ class TLWhereClause {
 
     struct Node;
 
-  private:
+private:
     std::unique_ptr<Node> mRoot;
     bool mEmpty = false;
     TLString mError;

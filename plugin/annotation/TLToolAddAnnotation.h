@@ -7,7 +7,7 @@ namespace TMObjects {
 
 // Places a new annotation where the user clicks.
 class TL_ACTIONEX_EXPORT TLToolAddAnnotation : public TLTool {
-  public:
+public:
     TLToolAddAnnotation();
     explicit TLToolAddAnnotation(TLToolBuddy* buddy);
     ~TLToolAddAnnotation() override;

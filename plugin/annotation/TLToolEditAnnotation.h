@@ -7,7 +7,7 @@ namespace TMObjects {
 
 // Picks an existing annotation and edits its attributes.
 class TL_ACTIONEX_EXPORT TLToolEditAnnotation : public TLTool {
-  public:
+public:
     TLToolEditAnnotation();
     explicit TLToolEditAnnotation(TLToolBuddy* buddy);
     ~TLToolEditAnnotation() override;

@@ -7,7 +7,7 @@ namespace TMObjects {
 
 // Digitizes a circular arc through three points as plain line vertices.
 class TL_ACTIONEX_EXPORT TLCmdDigitizeArc : public TLTool {
-  public:
+public:
     TLCmdDigitizeArc();
     explicit TLCmdDigitizeArc(TLToolBuddy* buddy);
     ~TLCmdDigitizeArc() override;

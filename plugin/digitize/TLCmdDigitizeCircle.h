@@ -7,7 +7,7 @@ namespace TMObjects {
 
 // Digitizes a circle as a polygon of computed vertices.
 class TL_ACTIONEX_EXPORT TLCmdDigitizeCircle : public TLTool {
-  public:
+public:
     TLCmdDigitizeCircle();
     explicit TLCmdDigitizeCircle(TLToolBuddy* buddy);
     ~TLCmdDigitizeCircle() override;

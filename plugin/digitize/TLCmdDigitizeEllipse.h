@@ -7,7 +7,7 @@ namespace TMObjects {
 
 // Digitizes an ellipse as a polygon of computed vertices.
 class TL_ACTIONEX_EXPORT TLCmdDigitizeEllipse : public TLTool {
-  public:
+public:
     TLCmdDigitizeEllipse();
     explicit TLCmdDigitizeEllipse(TLToolBuddy* buddy);
     ~TLCmdDigitizeEllipse() override;

@@ -7,7 +7,7 @@ namespace TMObjects {
 
 // Digitizes a line together with a parallel line on its left.
 class TL_ACTIONEX_EXPORT TLCmdDigitizeLeftDoubleLine : public TLTool {
-  public:
+public:
     TLCmdDigitizeLeftDoubleLine();
     explicit TLCmdDigitizeLeftDoubleLine(TLToolBuddy* buddy);
     ~TLCmdDigitizeLeftDoubleLine() override;

@@ -31,7 +31,9 @@ TLCmdDigitizePoint::TLCmdDigitizePoint() = default;
 
 TLCmdDigitizePoint::TLCmdDigitizePoint(TLToolBuddy* buddy) : TLTool(buddy) {}
 
-TLCmdDigitizePoint::~TLCmdDigitizePoint() { delete snapTool; }
+TLCmdDigitizePoint::~TLCmdDigitizePoint() {
+    delete snapTool;
+}
 
 void TLCmdDigitizePoint::Reset() {
     state = 0;
@@ -131,9 +133,13 @@ bool TLCmdDigitizePoint::OnMouseDown(TLMouseButton button, int x, int y) {
     return true;
 }
 
-bool TLCmdDigitizePoint::OnMouseUp(TLMouseButton, int, int) { return true; }
+bool TLCmdDigitizePoint::OnMouseUp(TLMouseButton, int, int) {
+    return true;
+}
 
-bool TLCmdDigitizePoint::OnDblClick(TLMouseButton, int, int) { return true; }
+bool TLCmdDigitizePoint::OnDblClick(TLMouseButton, int, int) {
+    return true;
+}
 
 bool TLCmdDigitizePoint::EndEntity(TLPoint& point, TLRect& rect) {
     TLLayerEditBuffer* buffer = layer->layer_edit_buffer();

@@ -7,7 +7,7 @@ namespace TMObjects {
 
 // Digitizes a polygon feature with the input machine of the line command.
 class TL_ACTIONEX_EXPORT TLCmdDigitizePolygon : public TLTool {
-  public:
+public:
     TLCmdDigitizePolygon();
     explicit TLCmdDigitizePolygon(TLToolBuddy* buddy);
     ~TLCmdDigitizePolygon() override;

@@ -7,7 +7,7 @@ namespace TMObjects {
 
 // Digitizes a line together with a parallel line on its right.
 class TL_ACTIONEX_EXPORT TLCmdDigitizeRightDoubleLine : public TLTool {
-  public:
+public:
     TLCmdDigitizeRightDoubleLine();
     explicit TLCmdDigitizeRightDoubleLine(TLToolBuddy* buddy);
     ~TLCmdDigitizeRightDoubleLine() override;

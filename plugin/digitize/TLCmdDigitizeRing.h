@@ -7,7 +7,7 @@ namespace TMObjects {
 
 // Digitizes an annulus from a centre and two typed radii.
 class TL_ACTIONEX_EXPORT TLCmdDigitizeRing : public TLTool {
-  public:
+public:
     TLCmdDigitizeRing();
     explicit TLCmdDigitizeRing(TLToolBuddy* buddy);
     ~TLCmdDigitizeRing() override;

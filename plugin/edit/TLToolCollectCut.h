@@ -7,7 +7,7 @@ namespace TMObjects {
 
 // Trims a line feature at its crossings with a cutting feature.
 class TL_ACTIONEX_EXPORT TLToolCollectCut : public TLTool {
-  public:
+public:
     TLToolCollectCut();
     explicit TLToolCollectCut(TLToolBuddy* buddy);
     ~TLToolCollectCut() override;

@@ -7,7 +7,7 @@ namespace TMObjects {
 
 // Moves feature ends that lie near a selected boundary onto it.
 class TL_ACTIONEX_EXPORT TLToolEdgeMatching : public TLTool {
-  public:
+public:
     TLToolEdgeMatching();
     explicit TLToolEdgeMatching(TLToolBuddy* buddy);
     ~TLToolEdgeMatching() override;

@@ -7,7 +7,7 @@ namespace TMObjects {
 
 // Edits the attributes of the features caught in a dragged box.
 class TL_ACTIONEX_EXPORT TLToolEditAttributes : public TLTool {
-  public:
+public:
     TLToolEditAttributes();
     explicit TLToolEditAttributes(TLToolBuddy* buddy);
     ~TLToolEditAttributes() override;

@@ -7,7 +7,7 @@ namespace TMObjects {
 
 // An exported editing tool that the plugin does not register.
 class TL_ACTIONEX_EXPORT TLToolEditFeature : public TLTool {
-  public:
+public:
     TLToolEditFeature();
     explicit TLToolEditFeature(TLToolBuddy* buddy);
     ~TLToolEditFeature() override;

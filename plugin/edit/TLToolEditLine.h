@@ -7,7 +7,7 @@ namespace TMObjects {
 
 // Picks a feature and lets the user edit its vertices in a table.
 class TL_ACTIONEX_EXPORT TLToolEditLine : public TLTool {
-  public:
+public:
     TLToolEditLine();
     explicit TLToolEditLine(TLToolBuddy* buddy);
     ~TLToolEditLine() override;

@@ -7,7 +7,7 @@ namespace TMObjects {
 
 // Picks one vertex near the click and shows its map coordinates for editing.
 class TL_ACTIONEX_EXPORT TLToolEditPoint : public TLTool {
-  public:
+public:
     TLToolEditPoint();
     explicit TLToolEditPoint(TLToolBuddy* buddy);
     ~TLToolEditPoint() override;

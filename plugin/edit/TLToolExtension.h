@@ -7,7 +7,7 @@ namespace TMObjects {
 
 // Lengthens a line to a target line or by a typed distance.
 class TL_ACTIONEX_EXPORT TLToolExtension : public TLTool {
-  public:
+public:
     TLToolExtension();
     explicit TLToolExtension(TLToolBuddy* buddy);
     ~TLToolExtension() override;

@@ -7,7 +7,7 @@ namespace TMObjects {
 
 // Breaks a selected line at one point, two points or a drawn line.
 class TL_ACTIONEX_EXPORT TLToolInterrupt : public TLTool {
-  public:
+public:
     TLToolInterrupt();
     explicit TLToolInterrupt(TLToolBuddy* buddy);
     ~TLToolInterrupt() override;

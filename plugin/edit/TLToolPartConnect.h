@@ -7,7 +7,7 @@ namespace TMObjects {
 
 // Reshapes a line or polygon with a drawn connect line.
 class TL_ACTIONEX_EXPORT TLToolPartConnect : public TLTool {
-  public:
+public:
     TLToolPartConnect();
     explicit TLToolPartConnect(TLToolBuddy* buddy);
     ~TLToolPartConnect() override;

@@ -7,7 +7,7 @@ namespace TMObjects {
 
 // Copies the stretch between two vertices of a feature into a line layer.
 class TL_ACTIONEX_EXPORT TLToolPartCopy : public TLTool {
-  public:
+public:
     TLToolPartCopy();
     explicit TLToolPartCopy(TLToolBuddy* buddy);
     ~TLToolPartCopy() override;

@@ -7,7 +7,7 @@ namespace TMObjects {
 
 // Moves a vertex, a stretch or a whole feature by the mouse.
 class TL_ACTIONEX_EXPORT TLToolPartOffset : public TLTool {
-  public:
+public:
     TLToolPartOffset();
     explicit TLToolPartOffset(TLToolBuddy* buddy);
     ~TLToolPartOffset() override;

@@ -7,7 +7,7 @@ namespace TMObjects {
 
 // Cuts the polygons of the edit layer along the outline of a chosen polygon.
 class TL_ACTIONEX_EXPORT TLToolPolygonCutPolygon : public TLTool {
-  public:
+public:
     TLToolPolygonCutPolygon();
     explicit TLToolPolygonCutPolygon(TLToolBuddy* buddy);
     ~TLToolPolygonCutPolygon() override;

@@ -7,7 +7,7 @@ namespace TMObjects {
 
 // Moves all selected features by a typed offset.
 class TL_ACTIONEX_EXPORT TLToolWholeOffset : public TLTool {
-  public:
+public:
     TLToolWholeOffset();
     explicit TLToolWholeOffset(TLToolBuddy* buddy);
     ~TLToolWholeOffset() override;

@@ -7,7 +7,7 @@ namespace TMObjects {
 
 // Exports a layer's symbology as a Styled Layer Descriptor document.
 class TL_ACTIONEX_EXPORT TLToolExportRenderSLDStyle : public TLTool {
-  public:
+public:
     TLToolExportRenderSLDStyle();
     explicit TLToolExportRenderSLDStyle(TLToolBuddy* buddy);
     ~TLToolExportRenderSLDStyle() override;

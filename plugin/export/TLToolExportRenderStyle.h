@@ -7,7 +7,7 @@ namespace TMObjects {
 
 // Exports the styles in use on the feature layers to a symbol library.
 class TL_ACTIONEX_EXPORT TLToolExportRenderStyle : public TLTool {
-  public:
+public:
     TLToolExportRenderStyle();
     explicit TLToolExportRenderStyle(TLToolBuddy* buddy);
     ~TLToolExportRenderStyle() override;

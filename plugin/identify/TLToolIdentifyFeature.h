@@ -7,7 +7,7 @@ namespace TMObjects {
 
 // Shows the features and attributes under a click or a dragged rectangle.
 class TL_ACTIONEX_EXPORT TLToolIdentifyFeature : public TLTool {
-  public:
+public:
     TLToolIdentifyFeature();
     explicit TLToolIdentifyFeature(TLToolBuddy* buddy);
     ~TLToolIdentifyFeature() override;

@@ -8,7 +8,7 @@ namespace TMObjects {
 // Holds its place in the host's tool pool; it has no behaviour of its own, so it keeps the base
 // tool's answers.
 class TL_ACTIONEX_EXPORT TLToolIdentifyRoute : public TLTool {
-  public:
+public:
     TLToolIdentifyRoute();
     explicit TLToolIdentifyRoute(TLToolBuddy* buddy);
     ~TLToolIdentifyRoute() override;

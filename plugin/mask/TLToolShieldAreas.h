@@ -7,7 +7,7 @@ namespace TMObjects {
 
 // Shared base of the shield tools that mask the view to one polygon; not registered by itself.
 class TL_ACTIONEX_EXPORT TLToolShieldAreas : public TLTool {
-  public:
+public:
     TLToolShieldAreas();
     explicit TLToolShieldAreas(TLToolBuddy* buddy);
     ~TLToolShieldAreas() override;

@@ -7,7 +7,7 @@ namespace TMObjects {
 
 // Removes the mask from the view.
 class TL_ACTIONEX_EXPORT TLToolShieldAreasClear : public TLTool {
-  public:
+public:
     TLToolShieldAreasClear();
     explicit TLToolShieldAreasClear(TLToolBuddy* buddy);
     ~TLToolShieldAreasClear() override;

@@ -7,7 +7,7 @@ namespace TMObjects {
 
 // Masks the view to a clicked polygon.
 class TL_ACTIONEX_EXPORT TLToolShieldPolygon : public TLToolShieldAreas {
-  public:
+public:
     TLToolShieldPolygon();
     explicit TLToolShieldPolygon(TLToolBuddy* buddy);
     ~TLToolShieldPolygon() override;

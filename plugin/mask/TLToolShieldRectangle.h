@@ -7,7 +7,7 @@ namespace TMObjects {
 
 // Masks the view to a dragged rectangle.
 class TL_ACTIONEX_EXPORT TLToolShieldRectangle : public TLToolShieldAreas {
-  public:
+public:
     TLToolShieldRectangle();
     explicit TLToolShieldRectangle(TLToolBuddy* buddy);
     ~TLToolShieldRectangle() override;

@@ -7,7 +7,7 @@ namespace TMObjects {
 
 // Masks the view to the selected polygon feature.
 class TL_ACTIONEX_EXPORT TLToolShieldSelection : public TLToolShieldAreas {
-  public:
+public:
     TLToolShieldSelection();
     explicit TLToolShieldSelection(TLToolBuddy* buddy);
     ~TLToolShieldSelection() override;

@@ -7,7 +7,7 @@ namespace TMObjects {
 
 // Measures the angle between two legs drawn on the map; read-only.
 class TL_ACTIONEX_EXPORT TLToolMeasureAngle : public TLTool {
-  public:
+public:
     TLToolMeasureAngle();
     explicit TLToolMeasureAngle(TLToolBuddy* buddy);
     ~TLToolMeasureAngle() override;

@@ -7,7 +7,7 @@ namespace TMObjects {
 
 // Measures the area of a drawn or picked polygon, in the plane or on the ellipsoid; read-only.
 class TL_ACTIONEX_EXPORT TLToolMeasureArea : public TLTool {
-  public:
+public:
     TLToolMeasureArea();
     explicit TLToolMeasureArea(TLToolBuddy* buddy);
     ~TLToolMeasureArea() override;

@@ -7,7 +7,7 @@ namespace TMObjects {
 
 // Digitizes a plotted arrow as a computed polygon outline.
 class TL_ACTIONEX_EXPORT TLCmdDigitizeArrow : public TLTool {
-  public:
+public:
     TLCmdDigitizeArrow();
     explicit TLCmdDigitizeArrow(TLToolBuddy* buddy);
     ~TLCmdDigitizeArrow() override;

@@ -7,7 +7,7 @@ namespace TMObjects {
 
 // Digitizes a plotted flag on a pole as a computed polygon outline.
 class TL_ACTIONEX_EXPORT TLCmdDigitizeFlag : public TLTool {
-  public:
+public:
     TLCmdDigitizeFlag();
     explicit TLCmdDigitizeFlag(TLToolBuddy* buddy);
     ~TLCmdDigitizeFlag() override;

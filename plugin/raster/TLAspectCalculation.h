@@ -7,7 +7,7 @@ namespace TMObjects {
 
 // Reports the aspect of an elevation raster at a clicked point.
 class TL_ACTIONEX_EXPORT TLAspectCalculation : public TLTool {
-  public:
+public:
     TLAspectCalculation();
     explicit TLAspectCalculation(TLToolBuddy* buddy);
     ~TLAspectCalculation() override;

@@ -7,7 +7,7 @@ namespace TMObjects {
 
 // Measures the distance along the terrain between two clicked points.
 class TL_ACTIONEX_EXPORT TLMeasurementForSurfaceDistance : public TLTool {
-  public:
+public:
     TLMeasurementForSurfaceDistance();
     explicit TLMeasurementForSurfaceDistance(TLToolBuddy* buddy);
     ~TLMeasurementForSurfaceDistance() override;

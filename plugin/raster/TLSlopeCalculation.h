@@ -7,7 +7,7 @@ namespace TMObjects {
 
 // Reports the slope of an elevation raster at a clicked point.
 class TL_ACTIONEX_EXPORT TLSlopeCalculation : public TLTool {
-  public:
+public:
     TLSlopeCalculation();
     explicit TLSlopeCalculation(TLToolBuddy* buddy);
     ~TLSlopeCalculation() override;

@@ -7,7 +7,7 @@ namespace TMObjects {
 
 // Measures the terrain surface area inside a polygon on an elevation raster.
 class TL_ACTIONEX_EXPORT TLSurfaceAreaMeasurement : public TLTool {
-  public:
+public:
     TLSurfaceAreaMeasurement();
     explicit TLSurfaceAreaMeasurement(TLToolBuddy* buddy);
     ~TLSurfaceAreaMeasurement() override;

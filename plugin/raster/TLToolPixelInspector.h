@@ -7,7 +7,7 @@ namespace TMObjects {
 
 // Shows the 5 by 5 block of raster pixels around the click, band by band; read-only.
 class TL_ACTIONEX_EXPORT TLToolPixelInspector : public TLTool {
-  public:
+public:
     TLToolPixelInspector();
     explicit TLToolPixelInspector(TLToolBuddy* buddy);
     ~TLToolPixelInspector() override;

@@ -7,7 +7,7 @@ namespace TMObjects {
 
 // Shows the value, row and column of the raster pixel under the click; read-only.
 class TL_ACTIONEX_EXPORT TLToolViewPixelVal : public TLTool {
-  public:
+public:
     TLToolViewPixelVal();
     explicit TLToolViewPixelVal(TLToolBuddy* buddy);
     ~TLToolViewPixelVal() override;

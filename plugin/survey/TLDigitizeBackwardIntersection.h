@@ -7,7 +7,7 @@ namespace TMObjects {
 
 // Constructs a point by backward intersection (resection), through its dialog.
 class TL_ACTIONEX_EXPORT TLDigitizeBackwardIntersection : public TLTool {
-  public:
+public:
     TLDigitizeBackwardIntersection();
     explicit TLDigitizeBackwardIntersection(TLToolBuddy* buddy);
     ~TLDigitizeBackwardIntersection() override;

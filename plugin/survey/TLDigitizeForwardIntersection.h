@@ -7,7 +7,7 @@ namespace TMObjects {
 
 // Constructs a point by forward intersection, through its dialog.
 class TL_ACTIONEX_EXPORT TLDigitizeForwardIntersection : public TLTool {
-  public:
+public:
     TLDigitizeForwardIntersection();
     explicit TLDigitizeForwardIntersection(TLToolBuddy* buddy);
     ~TLDigitizeForwardIntersection() override;

@@ -7,7 +7,7 @@ namespace TMObjects {
 
 // Constructs a point at an offset distance from known points, through its dialog.
 class TL_ACTIONEX_EXPORT TLDigitizeOffsetDistance : public TLTool {
-  public:
+public:
     TLDigitizeOffsetDistance();
     explicit TLDigitizeOffsetDistance(TLToolBuddy* buddy);
     ~TLDigitizeOffsetDistance() override;

@@ -7,7 +7,7 @@ namespace TMObjects {
 
 // Constructs a point by side intersection, through its dialog.
 class TL_ACTIONEX_EXPORT TLDigitizeSideIntersection : public TLTool {
-  public:
+public:
     TLDigitizeSideIntersection();
     explicit TLDigitizeSideIntersection(TLToolBuddy* buddy);
     ~TLDigitizeSideIntersection() override;

@@ -109,7 +109,7 @@ struct BuddyOf : TLTool {
 };
 
 class PluginLibrary : public ::testing::Test {
-  protected:
+protected:
     void SetUp() override {
         ASSERT_EQ(TLCMDPool::GetInstance()->GetToolCount(), 0);
         // import_alias keeps the library loaded for as long as the function object lives.

@@ -15,7 +15,9 @@ void SessionFixture::SetUpTestSuite() {
     ASSERT_TRUE(loader->Load(TLPluginLoader::DefaultPluginPath())) << loader->Error();
 }
 
-void SessionFixture::TearDownTestSuite() { loader.reset(); }
+void SessionFixture::TearDownTestSuite() {
+    loader.reset();
+}
 
 void SessionFixture::SetUp() {
     map = TLRefPtr<TLMap>(new TLMap);
@@ -47,7 +49,9 @@ TLFeatureLayer* SessionFixture::addLayer(const char* name, TLLayer::LayerType ty
     return layer;
 }
 
-void SessionFixture::edit(TLFeatureLayer* layer) { map->editor()->set_edit_layer(layer); }
+void SessionFixture::edit(TLFeatureLayer* layer) {
+    map->editor()->set_edit_layer(layer);
+}
 
 TLTool* SessionFixture::poolTool(const char* className) {
     TLCMDPool* pool = TLCMDPool::GetInstance();

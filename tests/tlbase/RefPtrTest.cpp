@@ -11,16 +11,16 @@ namespace {
 
 // Counts how many objects are alive, so that a test sees exactly when one is deleted.
 class Counted : public TLRefBase {
-  public:
+public:
     explicit Counted(int* alive) : mAlive(alive) { ++*mAlive; }
     ~Counted() override { --*mAlive; }
 
-  private:
+private:
     int* mAlive;
 };
 
 class Derived : public Counted {
-  public:
+public:
     using Counted::Counted;
 };
 

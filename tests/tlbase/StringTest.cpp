@@ -145,7 +145,7 @@ TEST(TLString, NumbersFromTextAndJunk) {
     EXPECT_EQ(TLString("abc").ToDouble(), 0);
     EXPECT_EQ(TLString("").ToDouble(), 0);
     EXPECT_EQ(TLString("-").ToDouble(), 0);
-    EXPECT_EQ(TLString("1e999").ToDouble(), 0);  // out of range
+    EXPECT_EQ(TLString("1e999").ToDouble(), 0);      // out of range
     EXPECT_EQ(TLString(" +2.5 m").ToDouble(), 2.5);  // the leading number, sign and blanks allowed
     EXPECT_EQ(TLString("12abc").ToInt(), 12);
     EXPECT_EQ(TLString("42").ToInt(), 42);

@@ -11,7 +11,7 @@ namespace TMObjects::testing {
 namespace {
 
 class UndoTest : public ::testing::Test {
-  protected:
+protected:
     void SetUp() override {
         // Two features as a store would hand them over: present, not pending.
         fx.table().Load(MakeFeature("LINESTRING (0 0, 10 0)", "first", 1, 1));

@@ -13,7 +13,7 @@ namespace {
 
 // A store that keeps what it was given and can be told to refuse the next commit.
 class TestStore : public TLFeatureStore {
-  public:
+public:
     struct Log {
         int commits = 0;
         bool fail = false;
@@ -40,7 +40,7 @@ class TestStore : public TLFeatureStore {
         return true;
     }
 
-  private:
+private:
     std::shared_ptr<Log> mLog;
 };
 

@@ -12,7 +12,7 @@ namespace {
 
 // Five features with a spread of values, nulls included.
 class WhereTest : public ::testing::Test {
-  protected:
+protected:
     void SetUp() override {
         add(1, "Main Street", 10, 2.5, "2020-01-01");
         add(2, "main street", 20, 7.0, nullptr);
@@ -134,7 +134,7 @@ TEST_F(WhereTest, TextThatDoesNotParseMatchesNothingAndNeverCrashes) {
 
 // Lines placed so that bounds and shapes tell different stories.
 class SpatialTest : public ::testing::Test {
-  protected:
+protected:
     void SetUp() override {
         layer->SetEditable(true);
         load(1, "LINESTRING (0 0, 10 10)", "diagonal", 1);  // crosses the box's corner

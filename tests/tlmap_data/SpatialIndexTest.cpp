@@ -101,7 +101,7 @@ struct Brute {
 };
 
 class IndexTest : public ::testing::Test {
-  protected:
+protected:
     void SetUp() override {
         for (int i = 0; i < 180; ++i) table.Insert(line());
         for (int i = 0; i < 30; ++i) table.Insert(polygon());
