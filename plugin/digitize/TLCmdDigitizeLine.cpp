@@ -1,14 +1,8 @@
 #include "digitize/TLCmdDigitizeLine.h"
 
-#include <algorithm>
-
 #include "TLToolText.h"
-#include "digitize/TLDigitizeConstruction.h"
-#include "digitize/TLDigitizeKey.h"
 #include "digitize/TLDigitizeMachine.h"
 #include "digitize/TLPickFilter.h"
-#include "tlgeo/TLGeoPoint.h"
-#include "tlmap/TLDrawCommonTool.h"
 #include "tlmap/TLEditor.h"
 #include "tlmap/TLFeatureLayer.h"
 #include "tlmap/TLLayerEditBuffer.h"
@@ -20,8 +14,6 @@ namespace TMObjects {
 
 namespace {
 
-const char* const kFirstPrompt = "Specify the first point:";
-const char* const kFirstPromptAgain = "Please specify first point:";
 const char* const kCount1 =
     "Offset coordinate(OF)/Vertical distance(CZ)/Parallel lines(PL)/Specify length(LE)/Parallel "
     "extension(PY)/Give up(U)/Finish(E)/<Specify point>:";
@@ -42,29 +34,17 @@ const char* const kTypedCount2 =
     "Offset coordinate(OF)/Modify length(CL)/Vertical distance(CZ)/Micro-traverse(AS)/Parallel "
     "lines(PL)/Specify length(LE)/Parallel extension(PY)/Reversion(FX)/Extension(YS)/Interval "
     "with one point(J)/Give up(U)/<Specify point>:";
-const char* const kCommandLine = "Command:Drawing Line";
-const char* const kWrongLayer =
-    "The current layer is not a line layer. Please select the line layer editor!";
-const char* const kBadText = "Point coordinate or command input error, please re-enter!";
-
-// A typed first point outside the view is brought into it at the same scale: the view centres
-// on a square of this half size around it, in map units.
-constexpr double kPanHalfSize = 5.0;
-
-void giveDrawingLook(TLRubberBand* band) {
-    band->SetPenStyle(TLPen::SolidLine, 1.0, TLColor(255, 0, 0));
-    band->SetBrushStyle(TLBrush::SolidPattern, TLColor(255, 0, 0, 50));
-}
-
-// The only point of a band that holds one point in all.
-TLPoint onlyPoint(const TLRubberBand& band) {
-    for (int part = 0; part < band.GetGeometryCount(); ++part)
-        if (band.GetPointCount(part) == 1) return band.GetPoint(0, part);
-    return TLPoint();
-}
 
 }  // namespace
 
+const char* const TLCmdDigitizeLine::kRegisteredName = "DigitizeLine";
+const char* const TLCmdDigitizeLine::kInputLayerLine =
+    "The current input layer is:*******line*******";
+const char* const TLCmdDigitizeLine::kCommandLine = "Command:Drawing Line";
+const char* const TLCmdDigitizeLine::kWrongLayer =
+    "The current layer is not a line layer. Please select the line layer editor!";
+const char* const TLCmdDigitizeLine::kFirstPrompt = "Specify the first point:";
+const char* const TLCmdDigitizeLine::kRetryFirstPrompt = "Please specify first point:";
 const char* const TLCmdDigitizeLine::kLengthPrompt = "input distance:";
 const char* const TLCmdDigitizeLine::kParallelPrompt = "Parallel to other lines [line selection]:";
 
@@ -86,41 +66,11 @@ TLCmdDigitizeLine::Machine TLCmdDigitizeLine::machine() {
 // ---- life cycle ----
 
 void TLCmdDigitizeLine::activate() {
-    mActive = true;
-    Reset();
-    points.clear();
-    dropBands();
-    if (!mBuddy || !mBuddy->GetMapView()) return;
-
-    editor = mBuddy->GetMapView()->GetMap()->editor();
-    layer = dynamic_cast<TLFeatureLayer*>(editor->edit_layer());
-    if (!layer) {
-        deactivate();
-        return;
-    }
-    makeBands();
-    mBuddy->RegisterTool("DigitizeLine", this, true);
-
-    if (isLineLayer()) {
-        message("The current input layer is:*******line*******");
-        message(kCommandLine);
-        prompt(kFirstPrompt);
-    } else {
-        prompt("Command:");
-        message(kWrongLayer);
-    }
+    machine().activate();
 }
 
 void TLCmdDigitizeLine::deactivate() {
-    Reset();
-    if (!points.empty()) points.clear();
-    dropBands();
-    if (mBuddy) {
-        mBuddy->SetPrompt("");
-        mBuddy->UnregisterTool(this, false);
-        mBuddy = nullptr;
-    }
-    TLTool::deactivate();
+    machine().deactivate();
 }
 
 void TLCmdDigitizeLine::Reset() {
@@ -144,24 +94,14 @@ void TLCmdDigitizeLine::Reset() {
 void TLCmdDigitizeLine::makeBands() {
     TLMapView* view = mBuddy->GetMapView();
     mainBand = new TLRubberBand(view, TLRubberBand::LineBand);
-    giveDrawingLook(mainBand);
+    Machine::drawingPen(mainBand);
+    Machine::drawingFill(mainBand);
     guideBand = new TLRubberBand(view, TLRubberBand::LineBand);
-    giveDrawingLook(guideBand);
+    Machine::drawingPen(guideBand);
+    Machine::drawingFill(guideBand);
     assistBand = new TLRubberBand(view, TLRubberBand::LineBand);
     snapTool = new TLSnapTool;
     snapTool->Init(mBuddy);
-}
-
-void TLCmdDigitizeLine::dropBands() {
-    for (TLRubberBand** band : {&mainBand, &guideBand, &assistBand}) {
-        if (!*band) continue;
-        (*band)->Clear();
-        (*band)->Update();
-        delete *band;
-        *band = nullptr;
-    }
-    delete snapTool;
-    snapTool = nullptr;
 }
 
 // ---- small helpers ----
@@ -170,28 +110,12 @@ bool TLCmdDigitizeLine::CanEdit() const {
     return editor && layer && layer->IsValid() && layer->IsEditable();
 }
 
-bool TLCmdDigitizeLine::isLineLayer() const {
-    return layer->GetLayerType() == TLLayer::LineLayer;
-}
-
 void TLCmdDigitizeLine::prompt(const char* text) {
     mBuddy->SetPrompt(toolText(text));
 }
 
 void TLCmdDigitizeLine::message(const char* text) {
     mBuddy->AppendMessage(toolText(text));
-}
-
-void TLCmdDigitizeLine::refuseLayer() {
-    message(kWrongLayer);
-    prompt("Layer error");
-}
-
-// The dashed guide belongs to one pointer position: any press or typed line takes it away.
-void TLCmdDigitizeLine::clearAssist() {
-    if (!assistBand) return;
-    assistBand->Reset(TLRubberBand::LineBand);
-    assistBand->Update();
 }
 
 // pointCount, not the number of vertices, chooses the menu: U never lowers pointCount, so the
@@ -215,12 +139,7 @@ void TLCmdDigitizeLine::typedPointPrompt() {
 }
 
 void TLCmdDigitizeLine::Switch2CC(ChildCmd cmd) {
-    if (pointCount == 0) {
-        childCmd = ccNone;
-        return;
-    }
-    childCmd = cmd;
-    if (cmd == ccNone) childStep = 0;
+    machine().switchTo(cmd);
 }
 
 TLQueryFilter TLCmdDigitizeLine::SelectFeatureFilter(double x, double y) {
@@ -229,15 +148,7 @@ TLQueryFilter TLCmdDigitizeLine::SelectFeatureFilter(double x, double y) {
 
 void TLCmdDigitizeLine::setVerticalGuides(double x1, double y1, double x2, double y2, double x3,
                                           double y3) {
-    if (points.size() < 2 || !assistBand) return;
-    assistBand->Reset(TLRubberBand::LineBand);
-    const TLPoint b(x2, y2);
-    TLPoint end;
-    if (!TLDigitizeConstruction::VerticalGuideEnd(TLPoint(x1, y1), b, TLPoint(x3, y3), end)) return;
-    assistBand->SetPenStyle(TLPen::DashLine, 1.0, TLColor(255, 0, 0));
-    assistBand->AddPoint(b, 0);
-    assistBand->AddPoint(end, 0);
-    assistBand->Update();
+    machine().verticalGuides(TLPoint(x1, y1), TLPoint(x2, y2), TLPoint(x3, y3));
 }
 
 // ---- commit ----
@@ -275,11 +186,11 @@ void TLCmdDigitizeLine::committed(const TLRect& rect, bool resetGuide) {
 
 bool TLCmdDigitizeLine::OnMouseDown(TLMouseButton button, int x, int y) {
     if (!mBuddy || !CanEdit()) return false;
-    if (!isLineLayer()) {
-        refuseLayer();
+    if (!machine().rightLayer()) {
+        machine().refuseLayer();
         return false;
     }
-    clearAssist();
+    machine().clearAssist();
     const TLPoint p = pressPoint(x, y);
 
     if (button == TLRightButton) {
@@ -299,7 +210,7 @@ bool TLCmdDigitizeLine::OnMouseDown(TLMouseButton button, int x, int y) {
         }
         machine().click(p);
     }
-    cacheBand();
+    machine().cacheDrawn();
     return true;
 }
 
@@ -318,31 +229,11 @@ void TLCmdDigitizeLine::rightClick() {
     prompt(kFirstPrompt);
 }
 
-void TLCmdDigitizeLine::startPart(const TLPoint& p) {
-    partFirst = p;
-    newPart = false;
-    pointCount = 0;
-    if (!points.empty()) ++partCount;
-}
-
-// What is drawn so far becomes a snap target, so that the line can be closed onto itself.
-void TLCmdDigitizeLine::cacheBand() {
-    if (!snapTool || !snapTool->CanSnap()) return;
-    if (mainBand->GetCount() == 1) {
-        const TLPoint p = onlyPoint(*mainBand);
-        TLRefPtr<TLGeoPoint> point(new TLGeoPoint(p.x, p.y));
-        snapTool->CacheShapes(point.get());
-        return;
-    }
-    TLRefPtr<TLGeometry> drawn = mainBand->AsGeometry();
-    if (drawn) snapTool->CacheShapes(drawn.get());
-}
-
 bool TLCmdDigitizeLine::OnMouseMove(TLMouseButton, int x, int y) {
     if (!mBuddy || !editor) return false;
     layer = dynamic_cast<TLFeatureLayer*>(editor->edit_layer());
     if (!layer) return true;
-    if (!layer->IsValid() || !layer->IsEditable() || !isLineLayer()) return false;
+    if (!layer->IsValid() || !layer->IsEditable() || !machine().rightLayer()) return false;
 
     TLDisplayTransform* transform = mBuddy->GetMapView()->GetDisplayTransform();
     TLPoint m = ToMapCoordinates(TLPoint(x, y), nullptr);
@@ -375,8 +266,8 @@ bool TLCmdDigitizeLine::OnMouseUp(TLMouseButton, int, int) {
 // The press that belongs to the double click has added its vertex already.
 bool TLCmdDigitizeLine::OnDblClick(TLMouseButton, int, int) {
     if (!mBuddy || !CanEdit()) return false;
-    if (!isLineLayer()) {
-        refuseLayer();
+    if (!machine().rightLayer()) {
+        machine().refuseLayer();
         return false;
     }
     TLRect rect;
@@ -392,106 +283,15 @@ bool TLCmdDigitizeLine::OnDblClick(TLMouseButton, int, int) {
 // ---- typed lines ----
 
 bool TLCmdDigitizeLine::processChildCmd(TLString text) {
-    if (!mBuddy || !CanEdit()) return false;
-    if (!isLineLayer()) {
-        refuseLayer();
-        return false;
-    }
-    clearAssist();
-    // Enter on an empty line does not finish the line.
-    if (text.isEmpty()) {
-        message(kBadText);
-        prompt(kFirstPromptAgain);
-        return false;
-    }
-    if (pointCount == 0 && childStep == 0)
-        typeFirstPoint(text);
-    else if (childStep == 0)
-        typeKeyOrPoint(text);
-    else if (pointCount >= 1)
-        machine().value(text);
-    return true;
+    return machine().typed(text);
 }
 
-void TLCmdDigitizeLine::typeFirstPoint(const TLString& text) {
-    TLPoint p;
-    if (!TLDrawCommonTool::ReadInputPoint(text, p.x, p.y)) {
-        message(kBadText);
-        prompt(kFirstPromptAgain);
-        return;
-    }
-    newPart = false;
+// A click or a typed point while a new part is due opens it. The parts are counted.
+void TLCmdDigitizeLine::startPart(const TLPoint& p) {
     partFirst = p;
-    mainBand->AddPoint(p, mainBand->GetGeometryCount());
-    lastPoint = p;
-    livePoint = p;
-    points.push_back(p);
-    mainBand->Update();
-    ++pointCount;
-
-    TLMapView* view = mBuddy->GetMapView();
-    if (!view->GetVisibleRect().PtInRect(p))
-        view->PanToBound(
-            TLRect(p.x - kPanHalfSize, p.x + kPanHalfSize, p.y - kPanHalfSize, p.y + kPanHalfSize));
-    prompt(kCount1);
-}
-
-void TLCmdDigitizeLine::typeKeyOrPoint(const TLString& text) {
-    const TLDigitizeKey::Key key = TLDigitizeKey::Parse(text);
-    switch (key) {
-        case TLDigitizeKey::NoKey:
-            typePoint(text);
-            break;
-        case TLDigitizeKey::Finish:
-            finish();
-            break;
-        case TLDigitizeKey::GiveUp:
-            giveUp();
-            break;
-        case TLDigitizeKey::Close:
-            close();
-            break;
-        case TLDigitizeKey::CloseInterval:
-            closeWithInterval();
-            break;
-        case TLDigitizeKey::Reversion:
-            machine().reverse();
-            break;
-        default:
-            machine().enter(key);
-            break;
-    }
-}
-
-void TLCmdDigitizeLine::typePoint(const TLString& text) {
-    childCmd = ccNone;
-    childStep = 0;
-    TLPoint p;
-    if (!TLDrawCommonTool::ReadInputPoint(text, p.x, p.y)) {
-        message(kBadText);
-        countPrompt();
-        return;
-    }
-    if (newPart) {
-        startPart(p);
-        mainBand->AddPoint(p, mainBand->GetGeometryCount());
-    } else {
-        mainBand->AddPoint(p, -1);
-    }
-    points.push_back(p);
-    lastPoint = p;
-    livePoint = p;
-    mainBand->Update();
-    ++pointCount;
-
-    // A typed point far away brings the last segment into view.
-    TLMapView* view = mBuddy->GetMapView();
-    if (!view->GetVisibleRect().PtInRect(p) && points.size() > 1) {
-        const TLPoint& a = points[points.size() - 2];
-        view->ZoomToBound(
-            TLRect(std::min(a.x, p.x), std::max(a.x, p.x), std::min(a.y, p.y), std::max(a.y, p.y)));
-    }
-    typedPointPrompt();
+    newPart = false;
+    pointCount = 0;
+    if (!points.empty()) ++partCount;
 }
 
 // E: the pointer's last position joins the point list, which changes nothing written: the
@@ -515,10 +315,7 @@ void TLCmdDigitizeLine::giveUp() {
         Reset();
         return;
     }
-    mainBand->RemoveLastPoint(0);
-    lastPoint = points[points.size() - 2];
-    livePoint = lastPoint;
-    points.pop_back();
+    machine().takeBackLast();
     countPrompt();
 }
 
@@ -529,34 +326,16 @@ void TLCmdDigitizeLine::close() {
     TLRect rect;
     if (EndEntity(rect)) committed(rect, true);
     Reset();
-    prompt(kFirstPromptAgain);
+    prompt(kRetryFirstPrompt);
 }
 
-// D: back to the first vertex around one computed corner, as along the walls of a building.
+// D: back to the first vertex around one computed corner.
 void TLCmdDigitizeLine::closeWithInterval() {
-    if (points.size() > 2) {
-        const TLPoint first = points.front();
-        TLPoint corner;
-        if (TLDrawCommonTool::CalculateSpacePoint(mainBand, points, first.x, first.y, corner.x,
-                                                  corner.y)) {
-            mainBand->AddPoint(corner, -1);
-            lastPoint = corner;
-            points.push_back(corner);
-            mainBand->AddPoint(first, -1);
-            lastPoint = first;
-            livePoint = first;
-            points.push_back(first);
-            mainBand->Update();
-        }
-    }
-    guideBand->Reset(TLRubberBand::LineBand);
-    guideBand->Update();
-    mainBand->AddPoint(livePoint, -1);
-    mainBand->AddPoint(partFirst, -1);
+    machine().closeAroundCorner();
     TLRect rect;
     if (EndEntity(rect)) committed(rect, false);
     Reset();
-    prompt(kFirstPromptAgain);
+    prompt(kRetryFirstPrompt);
 }
 
 }  // namespace TMObjects

@@ -3,8 +3,10 @@
 #include <vector>
 
 #include "TLPluginExport.h"
+#include "digitize/TLDigitizeClickRules.h"
 #include "tlbase/TLPoint.h"
 #include "tlbase/TLRect.h"
+#include "tlmap/TLLayer.h"
 #include "tlmap/TLRubberBand.h"
 #include "tlmap/TLTool.h"
 #include "tlsde/TLQueryFilter.h"
@@ -66,30 +68,30 @@ private:
     using Machine = TLDigitizeMachine<TLCmdDigitizeLine>;
 
     // What the shared input machine needs to know of this command.
+    static constexpr TLLayer::LayerType kLayerType = TLLayer::LineLayer;
     static constexpr TLRubberBand::RubberBandType kShapeBand = TLRubberBand::LineBand;
+    // Each clicked vertex ends the guide too, and every input step counts.
+    static constexpr TLDigitizeClickRules kClickRules{true, false, 0, true, true, true};
+    static const char* const kRegisteredName;
+    static const char* const kInputLayerLine;
+    static const char* const kCommandLine;
+    static const char* const kWrongLayer;
+    static const char* const kFirstPrompt;
+    static const char* const kRetryFirstPrompt;
     static const char* const kLengthPrompt;
     static const char* const kParallelPrompt;
 
     Machine machine();
-    bool isLineLayer() const;
     void prompt(const char* text);
     void message(const char* text);
-    void refuseLayer();
-    void clearAssist();
     void countPrompt();
     void typedPointPrompt();
 
     void makeBands();
-    void dropBands();
     TLPoint pressPoint(int x, int y);
     void rightClick();
-    void leftClick(const TLPoint& p);
     void startPart(const TLPoint& p);
-    void cacheBand();
 
-    void typeFirstPoint(const TLString& text);
-    void typeKeyOrPoint(const TLString& text);
-    void typePoint(const TLString& text);
     void finish();
     void giveUp();
     void close();
