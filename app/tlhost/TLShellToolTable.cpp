@@ -21,7 +21,7 @@ const std::vector<TLShellToolTable::Entry>& TLShellToolTable::Entries() {
         {"TLToolInterrupt", "Feature editing", NotBuilt},
         {"TLCmdDigitizeLine", "Digitizing", Built},
         {"TLCmdDigitizePoint", "Digitizing", Built},
-        {"TLCmdDigitizePolygon", "Digitizing", NotBuilt},
+        {"TLCmdDigitizePolygon", "Digitizing", Built},
         {"TLCmdDigitizeCompoundGraphics", "Digitizing", NoBehaviour},
         {"TLCmdDigitizeFreehandRectangle", "Digitizing", Built},
         {"TLCmdDigitizeRectangle", "Digitizing", Built},
