@@ -291,7 +291,8 @@ public:
     // The guide from the last vertex towards the pointer at `m` (snapped), by sub-command. The
     // guide band holds the last vertex already. Where a construction point is shown, it is
     // passed through the image conversion first, so that the guide joins a map point to a device
-    // point; that is how these guides have always been drawn and it is kept.
+    // point; that is how these guides have always been drawn and it is kept. Each end the guide
+    // reaches becomes livePoint, the direction LE measures along.
     void guide(const TLPoint& m, const TLDisplayTransform& transform) {
         const std::size_t count = t.points.size();
         switch (t.childCmd) {
