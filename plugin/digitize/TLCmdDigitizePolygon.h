@@ -20,9 +20,8 @@ class TLDigitizeMachine;
 
 // Digitizes one polygon feature, possibly of several rings, with the input machine and the typed
 // grammar of the line command. In polygon part mode 0 a right click on the ring's first vertex
-// starts another ring.
-// E, C, D or a double click close the ring and write the whole band as one feature in one
-// "add feature" step; a shape of two vertices is dropped without a word.
+// starts another ring. E, C, D or a double click close the ring and write the whole band as one
+// feature in one "add feature" step; a shape of two vertices is dropped without a word.
 class TL_ACTIONEX_EXPORT TLCmdDigitizePolygon : public TLTool {
 public:
     // The sub-command under way. The numbers are this command's own.
