@@ -91,7 +91,12 @@ TEST_F(LineInput, TheGuideFollowsThePointerAndTheDashedGuideShowsNearSquareTurns
     const double reach = std::hypot(10, 60);
     expectPath(pointsOf(assistBand()), {{200, 100}, {200, 100 - reach}});
 
-    // Any press or typed line takes the dashed guide away.
+    // Any press or typed line takes the dashed guide away, also a right click that does
+    // nothing else.
+    dispatcher->MouseDown(TLRightButton, 210, 560);
+    EXPECT_EQ(pointsOf(assistBand()), Path());
+    move(200, 160);
+    ASSERT_EQ(pointsOf(assistBand()).size(), 2u);
     type("nonsense");
     EXPECT_EQ(pointsOf(assistBand()), Path());
 }

@@ -9,6 +9,7 @@
 #include "tlgeo/TLGeoPolyline.h"
 #include "tlmap/TLFeatureLayer.h"
 #include "tlmap/TLMap.h"
+#include "tlsparef/TLCoordinateSystem.h"
 
 namespace TMObjects {
 namespace {
@@ -26,9 +27,11 @@ protected:
         buddy = std::make_unique<TLHostBuddy>(view.get());
     }
 
-    TLFeatureLayer* addLayer(TLLayer::LayerType type) {
+    TLFeatureLayer* addLayer(TLLayer::LayerType type, const char* crs = nullptr) {
+        TLRefPtr<TLCoordinateSystem> reference =
+            crs ? TLSpatialObjectFactory::LoadCoordinateSystem(crs) : nullptr;
         TLFeatureLayer* layer =
-            TLFeatureLayer::CreateMemoryLayer("layer", type, TLFields(), nullptr);
+            TLFeatureLayer::CreateMemoryLayer("layer", type, TLFields(), reference);
         map->InsertLayer(-1, layer, true);
         return layer;
     }
@@ -139,6 +142,26 @@ TEST_F(SelectAssist, TheFeaturePicksSelectWhatTheyFind) {
     ASSERT_TRUE(assist.PickFeature(buddy.get(), TLPoint(150, 101), start, end));
     EXPECT_EQ(start, TLPoint(100, 100));
     EXPECT_TRUE(roads->IsSelected(id));
+}
+
+// A layer in another system is searched with the pick square taken into that system, and the
+// square stays so for the layers after it. The vertices are compared with the map point as they
+// stand. Map in metres (Web Mercator), the upper layer in degrees.
+TEST_F(SelectAssist, InAnotherSystemThePointMeetsTheLayersCoordinatesAsTheyStand) {
+    map->SetSpatialReference(TLSpatialObjectFactory::LoadCoordinateSystem("EPSG:3857"));
+    TLFeatureLayer* roads = addLayer(TLLayer::LineLayer, "EPSG:3857");
+    addLine(roads, {{8, 0}, {20, 0}});
+    EXPECT_EQ(pick(10, 1), (Segment{8, 0, 20, 0}));
+
+    // Above it an empty layer in degrees: the square, now about 0.00006 to 0.00012 degrees
+    // wide, no longer meets the road below.
+    TLFeatureLayer* tracks = addLayer(TLLayer::LineLayer, "EPSG:4326");
+    EXPECT_EQ(pick(10, 1), (Segment{0, 0, 0, 0}));
+
+    // A track through the square in degrees is a candidate, and its segment from 5 to 15
+    // degrees is one metre from the map point (10, 1) as the numbers stand.
+    addLine(tracks, {{0, 0}, {0.00015, 0}, {5, 0}, {15, 0}});
+    EXPECT_EQ(pick(10, 1), (Segment{5, 0, 15, 0}));
 }
 
 TEST_F(SelectAssist, WithoutAViewTheResultsAreLeftAlone) {

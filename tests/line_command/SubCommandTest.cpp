@@ -93,6 +93,26 @@ TEST_F(SubCommand, AS_TakesTheTurnFromTheKeyboardAfterK) {
     expectPaths(committed(), {{{100, 100}, {200, 100}, {200, 50}}});
 }
 
+// Each way of giving the turn at the station ends on the very same vertex.
+TEST_F(SubCommand, AS_AClickedDirectionAndTheSameAngleTypedGiveTheSameVertex) {
+    const std::pair<XY, const char*> turns[] = {
+        {{200, 200}, "90"}, {{200, 0}, "270"}, {{300, 100}, "180"}, {{100, 200}, "45"}};
+    for (const auto& [direction, angle] : turns) {
+        SCOPED_TRACE(angle);
+        type("AS");
+        click(direction.first, direction.second);
+        type("50");
+        const XY byClick = pointsOf(mainBand()).back();
+        type("U");
+        type("AS");
+        type("K");
+        type(angle);
+        type("50");
+        EXPECT_EQ(pointsOf(mainBand()).back(), byClick);
+        type("U");
+    }
+}
+
 TEST_F(SubCommand, PL_GoesAlongAPickedLineBySignedDistance) {
     TLFeatureLayer* walls = addLayer("walls", TLLayer::LineLayer);
     addLine(walls, {{0, 300}, {400, 600}});  // direction (0.8, 0.6)
@@ -199,6 +219,18 @@ TEST_F(SubCommand, J_PutsInTheSquareCornerBeforeATypedOrClickedPoint) {
     type("E");
     expectPaths(committed(),
                 {{{100, 100}, {200, 100}, {200, 200}, {300, 200}, {300, 300}, {400, 300}}});
+}
+
+TEST_F(SubCommand, J_GuideShowsTheCornerInPixelsOnceAClickFoundNoCorner) {
+    type("J");
+    click(300, 100);  // straight ahead: no corner, the point is taken and J still waits
+    EXPECT_EQ(prompt(), kCount3);
+    // The corner (300, 200) enters the guide as device pixels, between two map points.
+    move(400, 200);
+    expectPath(pointsOf(guideBand()), {{300, 100}, {300, 400}, {400, 200}});
+    click(400, 200);
+    type("E");
+    expectPaths(committed(), {{{100, 100}, {200, 100}, {300, 100}, {300, 200}, {400, 200}}});
 }
 
 TEST_F(SubCommand, D_ClosesAroundAComputedCorner) {

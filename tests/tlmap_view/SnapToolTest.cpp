@@ -1,6 +1,11 @@
+#include <cmath>
+#include <limits>
 #include <optional>
+#include <random>
+#include <vector>
 
 #include "ViewFixture.h"
+#include "tlmap/TLSnap.h"
 #include "tlmap/TLSnapTool.h"
 
 namespace TMObjects {
@@ -179,6 +184,69 @@ TEST_F(SnapTool, DrawShowsTheMarkerAndRepaintsOnlyOnChange) {
     snap.Reset();
     EXPECT_FALSE(view->HasSnapMarker());
     EXPECT_EQ(listener.count(R::RefreshOverlay), 4);
+}
+
+// What a snap must find, worked out the slow way: every feature of every layer asked on its own.
+struct BruteSnap {
+    TLSnappingType type = TLSnapNone;
+    double distance = std::numeric_limits<double>::infinity();
+};
+
+BruteSnap bruteSnap(const std::vector<TLFeatureLayer*>& layers, const TLPoint& p,
+                    double tolerance) {
+    BruteSnap vertex, segment;
+    for (TLFeatureLayer* layer : layers) {
+        for (int id : layer->GetDatasource()->GetIds()) {
+            TLGeometry* geometry = layer->GetDatasource()->PeekFeature(id)->GetGeometry().get();
+            TLPoint hit;
+            double d = 0;
+            if (TLSnap::NearestVertex(geometry, p, tolerance, hit, d) && d < vertex.distance)
+                vertex = {TLSnapVertex, d};
+            if (TLSnap::NearestSegmentPoint(geometry, p, tolerance, hit, d) && d < segment.distance)
+                segment = {TLSnapSegment, d};
+        }
+    }
+    return vertex.type != TLSnapNone ? vertex : segment;
+}
+
+// Random walks on two line layers and squares on a polygon layer, dense enough that a vertex, an
+// edge and nothing are all common answers within the ten pixels.
+TEST_F(SnapTool, FindsWhatASearchOfEveryFeatureFinds) {
+    std::mt19937 rng(5);
+    std::uniform_real_distribution<double> start(0, 800), step(-40, 40), size(5, 40);
+    std::vector<TLFeatureLayer*> layers;
+    for (int l = 0; l < 2; ++l) {
+        layers.push_back(addLayer(TLLayer::LineLayer));
+        for (int line = 0; line < 60; ++line) {
+            TLRefPtr<TLGeoPolyline> walk(new TLGeoPolyline);
+            double x = start(rng), y = start(rng) * 0.75;
+            for (int v = 0; v < 25; ++v, x += step(rng), y += step(rng)) walk->AddXY(x, y);
+            walk->EndEntity();
+            addFeature(layers.back(), walk);
+        }
+    }
+    layers.push_back(addLayer(TLLayer::PolygonLayer));
+    for (int square = 0; square < 80; ++square) {
+        const double x = start(rng), y = start(rng) * 0.75, s = size(rng);
+        addFeature(layers.back(),
+                   makePolygon({{{x, y}, {x + s, y}, {x + s, y + s}, {x, y + s}, {x, y}}}));
+    }
+
+    std::uniform_real_distribution<double> px(-20, 820), py(-20, 620);
+    int answers[3] = {0, 0, 0};
+    for (int q = 0; q < 3000; ++q) {
+        const TLPoint p(px(rng), py(rng));
+        SCOPED_TRACE(::testing::Message() << "at " << p.x << "," << p.y);
+        const BruteSnap expected = bruteSnap(layers, p, 10.0);
+        const std::optional<TLPoint> snapped = snapAt(p.x, p.y);
+        ASSERT_EQ(snap.LastType(), expected.type);
+        ++answers[expected.type];
+        if (expected.type == TLSnapNone) continue;
+        ASSERT_TRUE(snapped);
+        // Of equally near targets either may be taken: the distance is what must agree.
+        EXPECT_NEAR(std::sqrt(p.SqrDist(*snapped)), expected.distance, 1e-9);
+    }
+    for (int count : answers) EXPECT_GT(count, 300) << "none, vertex, edge";
 }
 
 }  // namespace
