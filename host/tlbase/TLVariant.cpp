@@ -1,6 +1,8 @@
 #include "tlbase/TLVariant.h"
 
+#include <charconv>
 #include <cmath>
+#include <string>
 
 namespace TMObjects {
 
@@ -13,6 +15,18 @@ std::int64_t saturatedInt64(double v) {
     if (v >= 9223372036854775808.0) return INT64_MAX;
     if (v < -9223372036854775808.0) return INT64_MIN;
     return std::int64_t(v);
+}
+
+// Text that is one whole number is read as an integer, so that 64-bit values beyond the 53 bits
+// of a double keep every digit; any other text goes through the double.
+std::int64_t textToInt64(const TLString& text) {
+    std::string digits = text.trim().toStdString();
+    if (!digits.empty() && digits[0] == '+') digits.erase(0, 1);
+    std::int64_t value = 0;
+    const char* end = digits.data() + digits.size();
+    const auto [stop, error] = std::from_chars(digits.data(), end, value);
+    if (error == std::errc() && stop == end) return value;
+    return saturatedInt64(text.ToDouble());
 }
 
 }  // namespace
@@ -86,7 +100,7 @@ std::int64_t TLVariant::GetInt64() const {
         case Double:
             return saturatedInt64(mDouble);
         case String:
-            return saturatedInt64(mString.ToDouble());
+            return textToInt64(mString);
         default:
             return 0;
     }

@@ -58,6 +58,10 @@ bool TLFeatureLayer::SelectFeatures(const TLQueryFilter& filter, int mode, int) 
     return true;
 }
 
+TLRefPtr<TLFeatureCursor> TLFeatureLayer::Search(const TLQueryFilter& filter) const {
+    return TLRefPtr<TLFeatureCursor>(new TLFeatureCursor(mTable, mTable->Search(filter)));
+}
+
 bool TLFeatureLayer::ClearSelect(bool notify) {
     mSelection.clear();
     if (notify) NotifyObservers(HintSelectionChanged);

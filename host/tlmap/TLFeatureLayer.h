@@ -6,6 +6,7 @@
 
 #include "tlmap/TLLayer.h"
 #include "tlmap/TLSelection.h"
+#include "tlsde/TLFeatureCursor.h"
 #include "tlsde/TLFeatureTable.h"
 #include "tlsde/TLQueryFilter.h"
 
@@ -54,6 +55,10 @@ public:
     bool IsSelected(int id) const { return mSelection.count(id) != 0; }
 
     TLRefPtr<TLFeatureTable> GetDatasource() const { return mTable; }
+    // The features that pass the filter, through the table's spatial index. The filter is taken
+    // as given: a caller that wants the standing filter to hold narrows it itself, as picking
+    // does.
+    TLRefPtr<TLFeatureCursor> Search(const TLQueryFilter& filter) const;
     // The feature with that id, with the table's fields; empty when there is none.
     TLRefPtr<TLFeature> GetFeature(int id) const { return mTable->GetFeature(id); }
     bool IsSameCoordinateSystem(TLCoordinateSystem* reference) const;

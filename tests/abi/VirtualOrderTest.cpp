@@ -107,6 +107,8 @@ TEST(VirtualOrder, PluginVirtualsAreDestructorInitPluginUnloadPluginIsDll) {
         {"IsDll", SlotOf(&TLPluginActionEX::IsDll)},
     };
     ExpectConsecutiveFromSlot2(slots);
+    // The plugin class adds no data member: the host may size it as its base.
+    EXPECT_EQ(sizeof(TLPluginActionEX), sizeof(TLPlugin));
 }
 
 }  // namespace

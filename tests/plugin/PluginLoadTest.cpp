@@ -257,6 +257,13 @@ TEST(PluginLibraryFile, ExportsTheFactoryAliasAndTheFrameworkClassesOnly) {
     for (const std::string& cls : classes) {
         EXPECT_EQ(exported.count("typeinfo for TMObjects::" + cls), 1u) << cls;
         EXPECT_EQ(exported.count("vtable for TMObjects::" + cls), 1u) << cls;
+        const std::string member = "TMObjects::" + cls + "::";
+        EXPECT_EQ(exported.count(member + cls + "()"), 1u) << cls;
+        EXPECT_EQ(exported.count(member + "~" + cls + "()"), 1u) << cls;
+        // A host that gives a tool its buddy at construction links the second constructor.
+        if (cls != "TLPluginActionEX") {
+            EXPECT_EQ(exported.count(member + cls + "(TMObjects::TLToolBuddy*)"), 1u) << cls;
+        }
     }
 }
 

@@ -31,6 +31,32 @@ private:
     TLFeatureLayer* mLayer;
 };
 
+// A tool that opens an operation inside another, as a command calling a helper does, writes, and
+// then fails with something that is no standard exception. It takes typed lines.
+class NestedThrowingTool : public TLTool {
+public:
+    explicit NestedThrowingTool(TLFeatureLayer* layer) : mLayer(layer) {}
+    void activate() override {
+        TLTool::activate();
+        mBuddy->RegisterTool("NestedThrowing", this, true);
+    }
+    bool processChildCmd(TLString text) override {
+        TLEditor* editor = mBuddy->GetMapView()->GetMap()->editor();
+        editor->StartOperation("outer");
+        editor->StartOperation("inner");
+        TLFeature feature;
+        feature.SetGeometry(TLRefPtr<TLGeometry>(new TLGeoPoint(1, 2)));
+        mLayer->layer_edit_buffer()->AddFeature(feature, true, true);
+        if (text == TLString("fail")) throw 42;
+        editor->CommitOperation(true);
+        editor->CommitOperation(true);
+        return true;
+    }
+
+private:
+    TLFeatureLayer* mLayer;
+};
+
 class Dispatcher : public SessionFixture {};
 
 TEST_F(Dispatcher, AFailingToolLeavesNoHalfMadeStepAndTheHostGoesOn) {
@@ -61,6 +87,30 @@ TEST_F(Dispatcher, AFailingToolLeavesNoHalfMadeStepAndTheHostGoesOn) {
     EXPECT_TRUE(dispatcher->MouseUp(TLLeftButton, 5, 5));
     EXPECT_TRUE(dispatcher->LastFailure().empty());
     EXPECT_EQ(failures.size(), 1u);
+}
+
+TEST_F(Dispatcher, AnyFailureOfATypedLineClosesEveryOpenLevelAndIsReported) {
+    TLFeatureLayer* points = addLayer("wells", TLLayer::PointLayer);
+    edit(points);
+    std::vector<std::string> entries;
+    dispatcher->SetFailureListener(
+        [&](const std::string&, const std::string& entry) { entries.push_back(entry); });
+    TLRefPtr<TLTool> tool(new NestedThrowingTool(points));
+    dispatcher->Activate(tool.get());
+
+    EXPECT_FALSE(dispatcher->TypeLine("fail"));
+    EXPECT_EQ(entries, std::vector<std::string>{"processChildCmd"});
+    EXPECT_FALSE(dispatcher->LastFailure().empty());
+    EXPECT_FALSE(map->editor()->IsOperationOpen());
+    EXPECT_EQ(map->editor()->UndoCount(), 0);
+    EXPECT_EQ(points->GetDatasource()->GetFeatureCount(), 0);
+
+    // The same tool goes on, and its next line is one step under the outer label.
+    EXPECT_TRUE(dispatcher->TypeLine("go"));
+    EXPECT_EQ(entries.size(), 1u);
+    EXPECT_EQ(map->editor()->UndoCount(), 1);
+    EXPECT_EQ(map->editor()->UndoLabel().toStdString(), "outer");
+    EXPECT_EQ(points->GetDatasource()->GetFeatureCount(), 1);
 }
 
 TEST_F(Dispatcher, TypedLinesGoToTheRegisteredToolOnly) {

@@ -20,16 +20,46 @@ const char* kWrongLayer =
     "The current layer is not a point layer. Please select the point layer editor!";
 const char* kBadText = "Point coordinate or command input error, please re-enter!";
 
-class PointCommand : public SessionFixture {};
+class PointCommand : public SessionFixture {
+protected:
+    // What the command window showed, in order: prompts, history lines and registrations.
+    Texts transcript() const {
+        Texts out;
+        for (const TLHostEvent& e : buddy->Events()) {
+            const std::string text = e.text.toStdString();
+            if (e.kind == TLHostEvent::Prompt) out.push_back("prompt " + text);
+            if (e.kind == TLHostEvent::Message) out.push_back("message " + text);
+            if (e.kind == TLHostEvent::Register) out.push_back("register " + text);
+            if (e.kind == TLHostEvent::Unregister) out.push_back("unregister " + text);
+        }
+        return out;
+    }
+};
+
+// The rectangles the tool asked the view to redraw.
+class RefreshRecorder : public TLMapViewListener {
+public:
+    void OnRefreshMap(const TLRect& rect) override { rects.push_back(rect); }
+    std::vector<TLRect> rects;
+};
+
+// A layer whose store went away under the tool: it answers IsValid with 0.
+class LostLayer : public TLMemoryFeatureLayer {
+public:
+    LostLayer() : TLMemoryFeatureLayer("lost", TLLayer::PointLayer, TLFields(), nullptr) {}
+    int IsValid() const override { return valid ? 1 : 0; }
+    bool valid = true;
+};
 
 TEST_F(PointCommand, ActivatesOnAPointLayerAndCommitsOneFeaturePerLeftPress) {
     TLFeatureLayer* points = addLayer("wells", TLLayer::PointLayer);
     edit(points);
     pick("TLCmdDigitizePoint");
 
-    EXPECT_EQ(buddy->RegisteredName().toStdString(), "DigitizePoint");
-    EXPECT_EQ(messages(), (Texts{"The current input layer is:*******point*******", kCommand}));
-    EXPECT_EQ(prompt(), kPrompt);
+    EXPECT_EQ(
+        transcript(),
+        (Texts{"register DigitizePoint", "message The current input layer is:*******point*******",
+               std::string("message ") + kCommand, std::string("prompt ") + kPrompt}));
 
     buddy->ClearEvents();
     EXPECT_TRUE(dispatcher->MouseDown(TLLeftButton, 100, 50));
@@ -37,12 +67,18 @@ TEST_F(PointCommand, ActivatesOnAPointLayerAndCommitsOneFeaturePerLeftPress) {
     const int first = points->GetDatasource()->GetIds().front();
     EXPECT_EQ(pointOf(points, first), std::make_pair(100.0, 550.0));
     // After the commit the prompt comes back before the history line.
-    ASSERT_GE(buddy->Events().size(), 2u);
-    EXPECT_EQ(buddy->Events()[buddy->Events().size() - 2].kind, TLHostEvent::Prompt);
-    EXPECT_EQ(buddy->Events().back().text.toStdString(), kCommand);
+    EXPECT_EQ(transcript(),
+              (Texts{std::string("prompt ") + kPrompt, std::string("message ") + kCommand}));
 
     EXPECT_TRUE(dispatcher->MouseUp(TLLeftButton, 100, 50));
+    RefreshRecorder refreshed;
+    view->SetListener(&refreshed);
     EXPECT_TRUE(dispatcher->MouseDown(TLLeftButton, 700, 590));
+    view->SetListener(nullptr);
+    // The point's own bound is redrawn: no size, but not empty, so not the whole view.
+    ASSERT_EQ(refreshed.rects.size(), 1u);
+    EXPECT_EQ(refreshed.rects[0], TLRect(700, 700, 10, 10));
+    EXPECT_FALSE(refreshed.rects[0].IsEmpty());
     EXPECT_EQ(points->GetDatasource()->GetFeatureCount(), 2);
 
     TLEditor* editor = map->editor();
@@ -71,22 +107,24 @@ TEST_F(PointCommand, TypedCoordinatesAreMapCoordinatesAndBadTextIsRefused) {
     ASSERT_EQ(points->GetDatasource()->GetFeatureCount(), 1);
     EXPECT_EQ(pointOf(points, points->GetDatasource()->GetIds().front()),
               std::make_pair(12.5, -300.0));
-    EXPECT_EQ(messages(), Texts{kCommand});
-    EXPECT_EQ(prompts(), Texts{kPrompt});
+    // Typed, the history line comes before the prompt.
+    EXPECT_EQ(transcript(),
+              (Texts{std::string("message ") + kCommand, std::string("prompt ") + kPrompt}));
     EXPECT_EQ(map->editor()->UndoCount(), 1);
 
     // Text that is no coordinate pair: the error, the prompt again, and the line was taken.
+    const Texts refusal{std::string("message ") + kBadText, std::string("prompt ") + kPrompt};
     buddy->ClearEvents();
     EXPECT_TRUE(dispatcher->TypeLine("12.5"));
+    EXPECT_EQ(transcript(), refusal);
+    buddy->ClearEvents();
     EXPECT_TRUE(dispatcher->TypeLine("a,b"));
-    EXPECT_EQ(messages(), (Texts{kBadText, kBadText}));
-    EXPECT_EQ(prompts(), (Texts{kPrompt, kPrompt}));
+    EXPECT_EQ(transcript(), refusal);
 
     // The empty line: the same texts, but refused.
     buddy->ClearEvents();
     EXPECT_FALSE(dispatcher->TypeLine(""));
-    EXPECT_EQ(messages(), Texts{kBadText});
-    EXPECT_EQ(prompts(), Texts{kPrompt});
+    EXPECT_EQ(transcript(), refusal);
     EXPECT_EQ(points->GetDatasource()->GetFeatureCount(), 1);
     EXPECT_EQ(map->editor()->UndoCount(), 1);
 }
@@ -97,14 +135,14 @@ TEST_F(PointCommand, WrongLayerIsRefusedByPointerButNotByTypedInput) {
     pick("TLCmdDigitizePoint");
 
     // Registered all the same, so that typed lines still reach the tool.
-    EXPECT_EQ(buddy->RegisteredName().toStdString(), "DigitizePoint");
-    EXPECT_EQ(prompts(), Texts{"Command:"});
-    EXPECT_EQ(messages(), Texts{kWrongLayer});
+    const Texts refusal{"prompt Command:", std::string("message ") + kWrongLayer};
+    Texts activation{"register DigitizePoint"};
+    activation.insert(activation.end(), refusal.begin(), refusal.end());
+    EXPECT_EQ(transcript(), activation);
 
     buddy->ClearEvents();
     EXPECT_FALSE(dispatcher->MouseDown(TLLeftButton, 100, 100));
-    EXPECT_EQ(prompts(), Texts{"Command:"});
-    EXPECT_EQ(messages(), Texts{kWrongLayer});
+    EXPECT_EQ(transcript(), refusal);
     EXPECT_EQ(roads->GetDatasource()->GetFeatureCount(), 0);
 
     // The typed path does not look at the kind of layer: a point lands in the line layer.
@@ -124,10 +162,40 @@ TEST_F(PointCommand, LayerThatIsNotEditable) {
     EXPECT_TRUE(buddy->Events().empty()) << "a press on a locked layer says nothing";
 
     EXPECT_FALSE(dispatcher->TypeLine("1,2"));
-    EXPECT_EQ(messages(), Texts{kWrongLayer});
-    EXPECT_EQ(prompts(), Texts{"Layer error"});
+    EXPECT_EQ(transcript(), (Texts{std::string("message ") + kWrongLayer, "prompt Layer error"}));
     EXPECT_EQ(points->GetDatasource()->GetFeatureCount(), 0);
     EXPECT_EQ(map->editor()->UndoCount(), 0);
+}
+
+TEST_F(PointCommand, AnEditLayerThatGoesAwayOrBecomesUnusable) {
+    TLRefPtr<LostLayer> lost(new LostLayer);
+    map->InsertLayer(-1, lost.get(), true);
+    edit(lost.get());
+    pick("TLCmdDigitizePoint");
+    const Texts refusal{std::string("message ") + kWrongLayer, "prompt Layer error"};
+
+    // A layer that no longer answers as valid: the press is refused silently, a typed line
+    // with the wrong-layer texts.
+    lost->valid = false;
+    buddy->ClearEvents();
+    EXPECT_FALSE(dispatcher->MouseDown(TLLeftButton, 100, 100));
+    EXPECT_TRUE(transcript().empty());
+    EXPECT_FALSE(dispatcher->TypeLine("1,2"));
+    EXPECT_EQ(transcript(), refusal);
+
+    // No edit layer any more: the press is taken and does nothing; the tool has forgotten its
+    // layer, so a typed line is refused as well.
+    lost->valid = true;
+    map->editor()->set_edit_layer(nullptr);
+    buddy->ClearEvents();
+    EXPECT_TRUE(dispatcher->MouseDown(TLLeftButton, 100, 100));
+    EXPECT_TRUE(transcript().empty());
+    EXPECT_FALSE(dispatcher->TypeLine("1,2"));
+    EXPECT_EQ(transcript(), refusal);
+
+    EXPECT_EQ(lost->GetDatasource()->GetFeatureCount(), 0);
+    EXPECT_EQ(map->editor()->UndoCount(), 0);
+    EXPECT_FALSE(map->editor()->IsOperationOpen());
 }
 
 TEST_F(PointCommand, WithoutAnEditLayerTheToolLeavesAtOnceAndStaysHarmless) {
@@ -195,8 +263,19 @@ TEST_F(PointCommand, AClickedPointIsProjectedTwiceATypedPointOnce) {
     pick("TLCmdDigitizePoint");
 
     // Device (100, 50) is map (1100000, 6550000) at 1000 m a pixel.
+    RefreshRecorder refreshed;
+    view->SetListener(&refreshed);
     dispatcher->MouseDown(TLLeftButton, 100, 50);
+    view->SetListener(nullptr);
     dispatcher->TypeLine("1100000,6550000");
+
+    // The clicked point's bound was taken in the layer's system and brought back into the map's:
+    // the view redraws where the user clicked.
+    ASSERT_EQ(refreshed.rects.size(), 1u);
+    EXPECT_NEAR(refreshed.rects[0].XMinimum(), 1100000, 1e-6);
+    EXPECT_NEAR(refreshed.rects[0].XMaximum(), 1100000, 1e-6);
+    EXPECT_NEAR(refreshed.rects[0].YMinimum(), 6550000, 1e-6);
+    EXPECT_NEAR(refreshed.rects[0].YMaximum(), 6550000, 1e-6);
 
     const std::vector<int> ids = points->GetDatasource()->GetIds();
     ASSERT_EQ(ids.size(), 2u);

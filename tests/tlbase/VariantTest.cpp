@@ -54,6 +54,12 @@ TEST(TLVariant, ConversionsBetweenNumbersAndText) {
     big = 9007199254740993LL;  // not a double: the integer is kept exactly
     EXPECT_EQ(big.GetInt64(), 9007199254740993LL);
     EXPECT_EQ(big.ToString(), TLString("9007199254740993"));
+    // Its text reads back to the same integer, not to the nearest double.
+    EXPECT_EQ(TLVariant(big.ToString()).GetInt64(), 9007199254740993LL);
+    EXPECT_EQ(TLVariant(TLString(" +9007199254740993 ")).GetInt64(), 9007199254740993LL);
+    EXPECT_EQ(TLVariant(TLString("-9007199254740993")).GetInt64(), -9007199254740993LL);
+    EXPECT_EQ(TLVariant(TLString("99999999999999999999")).GetInt64(),
+              std::numeric_limits<std::int64_t>::max());
     TLVariant small;
     small = -42;
     EXPECT_EQ(small.GetDouble(), -42);

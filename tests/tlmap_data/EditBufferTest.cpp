@@ -55,6 +55,54 @@ TEST(EditBuffer, AddFeatureGivesIdsAndCoercesValuesToTheFields) {
     EXPECT_EQ(WktOf(stored->GetGeometry()), "LINESTRING (0 0, 5 0)");
 }
 
+TEST(EditBuffer, EachFieldTypeCodeKeepsItsOwnKindOfValue) {
+    // The codes the attribute tools switch on.
+    EXPECT_EQ(int(TLField::FieldShort), 0);
+    EXPECT_EQ(int(TLField::FieldInt), 1);
+    EXPECT_EQ(int(TLField::FieldFloat), 2);
+    EXPECT_EQ(int(TLField::FieldDouble), 3);
+    EXPECT_EQ(int(TLField::FieldString), 4);
+    EXPECT_EQ(int(TLField::FieldDate), 5);
+    EXPECT_EQ(int(TLField::FieldInt64), 9);
+
+    TLFields fields;
+    fields.AddField("S", TLField::FieldShort);
+    fields.AddField("I", TLField::FieldInt);
+    fields.AddField("F", TLField::FieldFloat);
+    fields.AddField("D", TLField::FieldDouble);
+    fields.AddField("T", TLField::FieldString, 20);
+    fields.AddField("W", TLField::FieldDate);
+    fields.AddField("L", TLField::FieldInt64);
+    TLRefPtr<TLFeatureLayer> layer(
+        TLFeatureLayer::CreateMemoryLayer("all", TLLayer::PointLayer, fields, nullptr));
+
+    // Values typed as text, the way the attribute editor hands them on.
+    TLFeature f;
+    f.SetGeometry(Wkt("POINT (1 2)"));
+    for (const auto& [name, text] :
+         std::vector<std::pair<const char*, const char*>>{{"S", "12"},
+                                                          {"I", "70000"},
+                                                          {"F", "0.1"},
+                                                          {"D", "0.1"},
+                                                          {"T", "42.5"},
+                                                          {"W", "2024-02-29"},
+                                                          {"L", "9007199254740993"}})
+        f.SetValue(name, TLVariant(TLString(text)));
+    layer->layer_edit_buffer()->AddFeature(f, false, true);
+    TLRefPtr<TLFeature> stored = layer->GetFeature(f.GetId());
+    ASSERT_TRUE(stored);
+
+    EXPECT_EQ(stored->GetValue("S").GetShort(), 12);
+    EXPECT_EQ(stored->GetValue("I").GetKind(), TLVariant::Int32);
+    EXPECT_EQ(stored->GetValue("I").GetInt32(), 70000);
+    EXPECT_EQ(stored->GetValue("F").GetDouble(), double(0.1f));  // single precision
+    EXPECT_EQ(stored->GetValue("D").GetDouble(), 0.1);
+    EXPECT_EQ(stored->GetValue("T"), TLVariant(TLString("42.5")));
+    EXPECT_EQ(stored->GetValue("W").GetKind(), TLVariant::Date);
+    EXPECT_EQ(stored->GetValue("L").GetKind(), TLVariant::Int64);
+    EXPECT_EQ(stored->GetValue("L").GetInt64(), 9007199254740993LL);  // every digit kept
+}
+
 TEST(EditBuffer, WritesToMissingFeaturesOrFieldsChangeNothing) {
     EditFixture fx;
     TLFeature f = MakeFeature("LINESTRING (0 0, 1 0)", "a", 1);

@@ -5,6 +5,7 @@
 
 #include "DataTestSupport.h"
 #include "tlgeo/TLGeoEnvelope.h"
+#include "tlmap/TLLayerEditBuffer.h"
 #include "tlsde/TLWhereClause.h"
 
 namespace TMObjects::testing {
@@ -177,6 +178,40 @@ TEST_F(SpatialTest, RelationsThroughTheIndexAndWhereClauseTogether) {
     EXPECT_EQ(search(Wkt("LINESTRING (25 0, 25 40)"), TLSpatialRelIntersects), (Ids{5}));
     // An empty geometry meets nothing.
     EXPECT_EQ(search(TLRefPtr<TLGeometry>(new TLGeoEnvelope()), TLSpatialRelIntersects), Ids{});
+}
+
+TEST_F(SpatialTest, CursorWalksWhatTheFilterFindsAndPassesOverFeaturesDeletedSince) {
+    auto walk = [](TLRefPtr<TLFeatureCursor> cursor) {
+        std::vector<int> ids;
+        while (TLRefPtr<TLFeature> f = cursor->NextFeature()) ids.push_back(f->GetId());
+        return ids;
+    };
+    TLQueryFilter filter;
+    filter.SetFilterGeometry(box(3, 3, 6, 6));
+    filter.SetSpatialRel(TLSpatialRelIntersects);
+    TLRefPtr<TLFeatureCursor> cursor = layer->Search(filter);
+    ASSERT_TRUE(cursor);
+
+    TLRefPtr<TLFeature> first = cursor->NextFeature();
+    ASSERT_TRUE(first);
+    EXPECT_EQ(first->GetId(), 1);
+    EXPECT_EQ(WktOf(first->GetGeometry()), "LINESTRING (0 0, 10 10)");
+    EXPECT_EQ(first->GetValue("NAME").ToString(), TLString("diagonal"));
+    // What the caller does to its copy stays with the copy.
+    first->SetGeometry(Wkt("POINT (0 0)"));
+    EXPECT_EQ(WktOf(layer->GetFeature(1)->GetGeometry()), "LINESTRING (0 0, 10 10)");
+
+    // Feature 2 was found but is gone before the walk reaches it.
+    layer->layer_edit_buffer()->DeleteFeature(2, false, true);
+    EXPECT_EQ(walk(cursor), Ids{4});
+    EXPECT_FALSE(cursor->NextFeature());
+    cursor->Reset();
+    EXPECT_EQ(walk(cursor), (Ids{1, 4}));
+
+    // The where clause on the id narrows the same search; no filter at all walks the layer.
+    filter.SetWhereClause("FID = 4");
+    EXPECT_EQ(walk(layer->Search(filter)), Ids{4});
+    EXPECT_EQ(walk(layer->Search(TLQueryFilter())), (Ids{1, 3, 4, 5}));
 }
 
 TEST_F(SpatialTest, StandingFilterIsNarrowedByThePickEnvelope) {
