@@ -73,23 +73,36 @@ bool TLToolDispatcher::run(const char* entry, const std::function<bool()>& call)
     mLastFailure.clear();
     try {
         mLastResult = call();
+        // A step the tool returned without closing would swallow every later edit and leave
+        // undo dead for the rest of the session: it is rolled back like a failure's.
+        TLEditor* open = editor();
+        if (open && open->IsOperationOpen())
+            fail(entry, "the editor operation \"" + open->OpenOperationLabel().toStdString() +
+                            "\" was left open");
         return mLastResult;
     } catch (const std::exception& e) {
-        mLastFailure = e.what();
+        fail(entry, e.what());
     } catch (...) {
-        mLastFailure = "unknown failure";
+        fail(entry, "unknown failure");
     }
     mLastResult = false;
-    rollBackOpenOperation();
-    if (mOnFailure) mOnFailure(mLastFailure, entry);
     return false;
 }
 
-void TLToolDispatcher::rollBackOpenOperation() {
+void TLToolDispatcher::fail(const char* entry, const std::string& what) {
+    mLastFailure = what;
+    rollBackOpenOperation();
+    if (mOnFailure) mOnFailure(mLastFailure, entry);
+}
+
+TLEditor* TLToolDispatcher::editor() const {
     TLMapView* view = mBuddy->GetMapView();
-    if (!view || !view->GetMap()) return;
-    TLEditor* editor = view->GetMap()->editor();
-    while (editor->IsOperationOpen()) editor->AbortOperation();
+    return view && view->GetMap() ? view->GetMap()->editor() : nullptr;
+}
+
+void TLToolDispatcher::rollBackOpenOperation() {
+    TLEditor* open = editor();
+    while (open && open->IsOperationOpen()) open->AbortOperation();
 }
 
 }  // namespace TMObjects

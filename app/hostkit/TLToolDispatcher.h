@@ -8,6 +8,7 @@
 
 namespace TMObjects {
 
+class TLEditor;
 class TLHostBuddy;
 
 // Delivers the host's events to the active tool, one at a time: Init and activate when a tool is
@@ -35,17 +36,21 @@ public:
     bool SetInformation(const TLString& text);
     bool SetMultipleInformation(const TLArray<TLString>& texts);
 
-    // What the last event entry returned; false also after a caught failure.
+    // What the last event entry returned; false also after a caught failure, but not after a
+    // step left open, since the tool did answer.
     bool LastResult() const { return mLastResult; }
-    // The text of the last caught failure; empty when the last event ran to its end.
+    // The text of the last caught failure or of the step left open; empty when the last event
+    // ran to its end and closed what it opened.
     const std::string& LastFailure() const { return mLastFailure; }
 
-    // Told of every caught failure (after the rollback).
+    // Told of every caught failure and every step left open (after the rollback).
     using FailureListener = std::function<void(const std::string& what, const std::string& entry)>;
     void SetFailureListener(FailureListener listener) { mOnFailure = std::move(listener); }
 
 private:
     bool run(const char* entry, const std::function<bool()>& call);
+    void fail(const char* entry, const std::string& what);
+    TLEditor* editor() const;
     void rollBackOpenOperation();
 
     TLHostBuddy* mBuddy;

@@ -57,6 +57,23 @@ private:
     TLFeatureLayer* mLayer;
 };
 
+// A tool that writes and returns with its step still open, as a tool does that gives up half-way
+// through a write without an exception.
+class UnclosedTool : public TLTool {
+public:
+    explicit UnclosedTool(TLFeatureLayer* layer) : mLayer(layer) {}
+    bool OnMouseDown(TLMouseButton, int x, int y) override {
+        mBuddy->GetMapView()->GetMap()->editor()->StartOperation("interrupt");
+        TLFeature feature;
+        feature.SetGeometry(TLRefPtr<TLGeometry>(new TLGeoPoint(x, y)));
+        mLayer->layer_edit_buffer()->AddFeature(feature, true, true);
+        return true;
+    }
+
+private:
+    TLFeatureLayer* mLayer;
+};
+
 class Dispatcher : public SessionFixture {};
 
 TEST_F(Dispatcher, AFailingToolLeavesNoHalfMadeStepAndTheHostGoesOn) {
@@ -111,6 +128,30 @@ TEST_F(Dispatcher, AnyFailureOfATypedLineClosesEveryOpenLevelAndIsReported) {
     EXPECT_EQ(map->editor()->UndoCount(), 1);
     EXPECT_EQ(map->editor()->UndoLabel().toStdString(), "outer");
     EXPECT_EQ(points->GetDatasource()->GetFeatureCount(), 1);
+}
+
+TEST_F(Dispatcher, AStepLeftOpenIsRolledBackSoThatLaterEditsStayUndoable) {
+    TLFeatureLayer* points = addLayer("wells", TLLayer::PointLayer);
+    edit(points);
+    std::vector<std::string> entries;
+    dispatcher->SetFailureListener(
+        [&](const std::string&, const std::string& entry) { entries.push_back(entry); });
+    TLRefPtr<TLTool> unclosed(new UnclosedTool(points));
+    dispatcher->Activate(unclosed.get());
+
+    EXPECT_TRUE(dispatcher->MouseDown(TLLeftButton, 5, 5)) << "the tool's answer stands";
+    EXPECT_EQ(entries, std::vector<std::string>{"OnMouseDown"});
+    EXPECT_EQ(dispatcher->LastFailure(), "the editor operation \"interrupt\" was left open");
+    EXPECT_FALSE(map->editor()->IsOperationOpen());
+    EXPECT_EQ(points->GetDatasource()->GetFeatureCount(), 0);
+    EXPECT_EQ(map->editor()->UndoCount(), 0);
+
+    // The next command's point is a step of its own, under its own label.
+    pick("TLCmdDigitizePoint");
+    EXPECT_TRUE(dispatcher->TypeLine("1,2"));
+    EXPECT_EQ(entries.size(), 1u);
+    EXPECT_EQ(map->editor()->UndoCount(), 1);
+    EXPECT_EQ(map->editor()->UndoLabel().toStdString(), "add feature");
 }
 
 TEST_F(Dispatcher, TypedLinesGoToTheRegisteredToolOnly) {
