@@ -18,6 +18,10 @@ class TLFeatureLayer;
 class TLSnapTool;
 template <class Tool>
 class TLDigitizeMachine;
+template <class Tool>
+class TLDigitizeSteps;
+template <class Tool>
+class TLDigitizeValues;
 
 // Digitizes one line feature, possibly of several parts, from clicks, typed points and the
 // constructions of the sub-commands OF, CL, CZ, J, YS, LE, AS, PL and PY. E, C, D or a double
@@ -65,6 +69,8 @@ public:
 
 private:
     friend class TLDigitizeMachine<TLCmdDigitizeLine>;
+    friend class TLDigitizeSteps<TLCmdDigitizeLine>;
+    friend class TLDigitizeValues<TLCmdDigitizeLine>;
     using Machine = TLDigitizeMachine<TLCmdDigitizeLine>;
 
     // What the shared input machine needs to know of this command.

@@ -17,6 +17,10 @@ class TLFeatureLayer;
 class TLSnapTool;
 template <class Tool>
 class TLDigitizeMachine;
+template <class Tool>
+class TLDigitizeSteps;
+template <class Tool>
+class TLDigitizeValues;
 
 // Digitizes one polygon feature, possibly of several rings, with the input machine and the typed
 // grammar of the line command. In polygon part mode 0 a right click on the ring's first vertex
@@ -67,6 +71,8 @@ public:
 
 private:
     friend class TLDigitizeMachine<TLCmdDigitizePolygon>;
+    friend class TLDigitizeSteps<TLCmdDigitizePolygon>;
+    friend class TLDigitizeValues<TLCmdDigitizePolygon>;
     using Machine = TLDigitizeMachine<TLCmdDigitizePolygon>;
 
     // What the shared input machine needs to know of this command.

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <vector>
 
-#include "TLToolText.h"
 #include "digitize/TLDigitizeClickRules.h"
 #include "digitize/TLDigitizeConstruction.h"
 #include "digitize/TLDigitizeKey.h"
+#include "digitize/TLDigitizeValues.h"
 #include "digitize/TLSelectAssistTool.h"
 #include "tlgeo/TLGeoPoint.h"
 #include "tlmap/TLDrawCommonTool.h"
@@ -46,9 +46,27 @@ namespace TMObjects {
 //
 // In the comments A is the second last vertex and B the last.
 template <class Tool>
-class TLDigitizeMachine {
+class TLDigitizeMachine : public TLDigitizeValues<Tool> {
+    using Steps = TLDigitizeSteps<Tool>;
+    using Steps::a;
+    using Steps::addClicked;
+    using Steps::addVertex;
+    using Steps::b;
+    using Steps::clearChildState;
+    using Steps::extendGuide;
+    using Steps::message;
+    using Steps::prompt;
+    using Steps::resetGuide;
+    using Steps::start;
+    using Steps::t;
+    using TLDigitizeValues<Tool>::value;
+
 public:
-    explicit TLDigitizeMachine(Tool& tool) : t(tool) {}
+    using Steps::kBadText;
+    using Steps::kDirectionPrompt;
+    using Steps::kDistancePrompt;
+
+    explicit TLDigitizeMachine(Tool& tool) : TLDigitizeValues<Tool>(tool) {}
 
     // ---- life cycle ----
 
@@ -229,28 +247,6 @@ public:
         t.points.pop_back();
     }
 
-    // "Add P": a clicked, typed or constructed vertex joins the current part.
-    void addVertex(const TLPoint& p) {
-        t.points.push_back(p);
-        t.mainBand->AddPoint(p, -1);
-        t.lastPoint = p;
-        t.livePoint = p;
-        t.mainBand->Update();
-        ++t.pointCount;
-    }
-
-    // A vertex that came from a click. Whether it also ends the guide is the command's rule.
-    void addClicked(const TLPoint& p) {
-        const TLPoint live = t.livePoint;
-        addVertex(p);
-        if (!Tool::kClickRules.clickEndsGuide) t.livePoint = live;
-    }
-
-    void clearChildState() {
-        t.childCmd = Tool::ccNone;
-        t.childStep = 0;
-    }
-
     // A left click while a part is under way. Sub-commands that wait for a typed value ignore
     // the click; the others take it as their pick, direction or vertex.
     void click(const TLPoint& p) {
@@ -389,24 +385,6 @@ public:
         t.countPrompt();
     }
 
-    // A typed line while a sub-command waits. No key is recognised here: E, U and the others are
-    // only bad values. A bad value keeps the sub-command waiting.
-    void value(const TLString& text) {
-        if (t.childStep == 1) {
-            firstStepValue(text);
-        } else if (t.childCmd == Tool::ccMicroTraverse && t.childStep == 2) {
-            traverseAngle(text);
-        } else if (t.childCmd == Tool::ccMicroTraverse && t.childStep == 3) {
-            traverseDistance(text);
-        }
-    }
-
-    static constexpr const char* kDistancePrompt = "input distance:";
-    static constexpr const char* kDirectionPrompt =
-        "Micro wire - keyboard input angle (K) / > mouse click on the specified direction:";
-    static constexpr const char* kBadText =
-        "Point coordinate or command input error, please re-enter!";
-
 private:
     // A typed first point outside the view is brought into it at the same scale: the view
     // centres on a square of this half size around it, in map units.
@@ -417,19 +395,6 @@ private:
         for (int part = 0; part < band.GetGeometryCount(); ++part)
             if (band.GetPointCount(part) == 1) return band.GetPoint(0, part);
         return TLPoint();
-    }
-
-    const TLPoint& b() const { return t.points.back(); }
-    // Throws std::out_of_range with fewer than two vertices: CL on a one-point line ends there.
-    const TLPoint& a() const { return t.points.at(t.points.size() - 2); }
-
-    void prompt(const char* text) { t.mBuddy->SetPrompt(toolText(text)); }
-    void message(const char* text) { t.mBuddy->AppendMessage(toolText(text)); }
-
-    // "End": the count prompt, then plain input again.
-    void end() {
-        t.countPrompt();
-        clearChildState();
     }
 
     // ---- typed points and keys ----
@@ -515,32 +480,6 @@ private:
                                      std::min(from.y, p.y), std::max(from.y, p.y)));
         }
         t.typedPointPrompt();
-    }
-
-    void start(typename Tool::ChildCmd cmd, const char* text, bool holdGuide) {
-        t.childCmd = cmd;
-        t.childStep = 1;
-        prompt(text);
-        if (holdGuide) t.guideOff = true;
-    }
-
-    void extendGuide(const TLPoint& q) {
-        t.guideBand->AddPoint(q, 0);
-        t.livePoint = q;
-        t.guideBand->Update();
-    }
-
-    void resetGuide(TLRubberBand::RubberBandType type) {
-        t.guideBand->Reset(type);
-        t.guideBand->Update();
-    }
-
-    // The guide as a segment from `from` to where it ended last.
-    void guideFrom(const TLPoint& from) {
-        t.guideBand->Reset(Tool::kShapeBand);
-        t.guideBand->AddPoint(from, 0);
-        t.guideBand->AddPoint(t.livePoint, 0);
-        t.guideBand->Update();
     }
 
     // ---- picks ----
@@ -658,228 +597,6 @@ private:
         t.childStep += 2;
         prompt(kDistancePrompt);
     }
-
-    // ---- typed values ----
-
-    static bool readNumber(const TLString& text, double& number) {
-        if (!TLDrawCommonTool::CheckStrIsDouble(text)) return false;
-        number = text.ToDouble();
-        return true;
-    }
-
-    void firstStepValue(const TLString& text) {
-        switch (t.childCmd) {
-            case Tool::ccOffset:
-                typeOffset(text);
-                break;
-            case Tool::ccChangeLength:
-                typeLength(text);
-                break;
-            case Tool::ccVertical:
-                typeVertical(text);
-                break;
-            case Tool::ccInterval:
-                typeInterval(text);
-                break;
-            case Tool::ccExtend:
-                typeExtend(text);
-                break;
-            case Tool::ccSpecifyLength:
-                typeSpecifyLength(text);
-                break;
-            case Tool::ccMicroTraverse:
-                typeTraverseKey(text);
-                break;
-            case Tool::ccParallel:
-                typeParallel(text);
-                break;
-            default:  // PY takes picks only
-                break;
-        }
-    }
-
-    void refuseDistance() {
-        message("The input distance is not legal!");
-        prompt(kDistancePrompt);
-    }
-
-    // OF: dx,dy from the last vertex.
-    void typeOffset(const TLString& text) {
-        double dx = 0, dy = 0;
-        if (!TLDrawCommonTool::ReadInputPoint(text, dx, dy)) {
-            message("Point coordinate or command input error, please re-enter!");
-            prompt("input offset coordinate:");
-            return;
-        }
-        if (t.points.empty()) return;
-        addVertex(TLPoint(b().x + dx, b().y + dy));
-        resetGuide(Tool::kShapeBand);
-        t.guideOff = false;
-        t.childStep = 0;
-        t.countPrompt();
-        t.Switch2CC(Tool::ccNone);
-    }
-
-    // CL: the last vertex moves along its segment so that the segment gets the typed length.
-    // The vertex is replaced, so pointCount stays.
-    void typeLength(const TLString& text) {
-        double length = 0;
-        if (!readNumber(text, length)) return;
-        TLPoint moved;
-        if (!TLDrawCommonTool::ChangeLength(a(), b(), moved, length)) return;
-        t.points.back() = moved;
-        t.mainBand->RemoveLastPoint(0);
-        t.mainBand->AddPoint(moved, -1);
-        t.mainBand->Update();
-        guideFrom(moved);
-        t.lastPoint = moved;
-        t.guideOff = false;
-        // CL is offered from the second input step on; below that it sets no prompt.
-        if (t.pointCount >= 2) t.countPrompt();
-        t.Switch2CC(Tool::ccNone);
-    }
-
-    // CZ: the vertex square off the reference line, the typed distance away from B towards it.
-    void typeVertical(const TLString& text) {
-        double distance = 0;
-        if (!readNumber(text, distance)) {
-            // CZ says it the other way round: the prompt first, then the history line.
-            prompt(kDistancePrompt);
-            message("The input distance is not legal!");
-            return;
-        }
-        TLPoint foot, q;
-        if (!t.points.empty() && !TLDigitizeConstruction::AllZero(t.refStart, t.refEnd) &&
-            TLDrawCommonTool::GetNotLinePlumb(t.refStart.x, t.refStart.y, t.refEnd.x, t.refEnd.y,
-                                              b().x, b().y, foot.x, foot.y) &&
-            TLDrawCommonTool::CalculateDistancePoint(b().x, b().y, foot.x, foot.y, distance, q.x,
-                                                     q.y)) {
-            t.mainBand->AddPoint(q, -1);
-            t.lastPoint = q;
-            t.livePoint = q;
-            t.points.push_back(q);
-            ++t.pointCount;
-        }
-        t.mainBand->Update();
-        t.layer->ClearSelect(false);
-        t.childStep = 0;
-        end();
-    }
-
-    // J typed: the corner if one is needed, then the typed point.
-    void typeInterval(const TLString& text) {
-        TLPoint p;
-        if (!TLDrawCommonTool::ReadInputPoint(text, p.x, p.y)) {
-            message("input point format error!");
-            return;
-        }
-        TLPoint corner;
-        if (TLDrawCommonTool::CalculateSpacePoint(t.mainBand, t.points, p.x, p.y, corner.x,
-                                                  corner.y))
-            addVertex(corner);
-        addVertex(p);
-        resetGuide(Tool::kShapeBand);
-        t.guideOff = false;
-        end();
-    }
-
-    // YS typed: the last segment goes on by the distance.
-    void typeExtend(const TLString& text) {
-        double distance = 0;
-        if (!readNumber(text, distance)) {
-            refuseDistance();
-            return;
-        }
-        if (t.points.size() >= 2) {
-            TLPoint from = a(), to = b(), q;
-            if (TLDrawCommonTool::CalculateExtendPoint(&from, &to, distance, q.x, q.y)) {
-                addVertex(q);
-                resetGuide(Tool::kShapeBand);
-            }
-        }
-        end();
-    }
-
-    // LE typed: the distance runs from the last vertex along the guide as it stood when LE was
-    // typed, towards where the pointer was.
-    void typeSpecifyLength(const TLString& text) {
-        double distance = 0;
-        if (!readNumber(text, distance)) {
-            refuseDistance();
-            return;
-        }
-        TLPoint q;
-        if (!t.points.empty() &&
-            TLDrawCommonTool::CalculateDistancePoint(t.lastPoint.x, t.lastPoint.y, t.livePoint.x,
-                                                     t.livePoint.y, distance, q.x, q.y))
-            addVertex(q);
-        t.childStep = 0;
-        t.guideOff = false;
-        end();
-    }
-
-    // AS, first step: the letter k asks for the angle by keyboard.
-    void typeTraverseKey(const TLString& text) {
-        if (text.trim().CompareNoCase("k") != 0) {
-            message("Point coordinate or command input error, please re-enter!");
-            prompt(kDirectionPrompt);
-            return;
-        }
-        prompt("Please enter the angle (degree):");
-        t.childStep = 2;
-    }
-
-    void traverseAngle(const TLString& text) {
-        double angle = 0;
-        if (!readNumber(text, angle)) {
-            message("Incorrect input angle!");
-            prompt("Please enter the angle (degree):");
-            return;
-        }
-        t.turnAngle = angle;
-        t.childStep = 3;
-        prompt(kDistancePrompt);
-    }
-
-    void traverseDistance(const TLString& text) {
-        double distance = 0;
-        if (!readNumber(text, distance)) {
-            refuseDistance();
-            return;
-        }
-        TLPoint q;
-        if (t.points.size() >= 2 &&
-            TLDrawCommonTool::CalculateMicroPoint(a().x, a().y, b().x, b().y, t.turnAngle, distance,
-                                                  q.x, q.y)) {
-            t.mainBand->AddPoint(q, -1);
-            t.mainBand->Update();
-            t.lastPoint = q;
-            t.livePoint = q;
-            guideFrom(q);
-            t.points.push_back(q);
-            ++t.pointCount;
-            t.guideOff = false;
-        }
-        t.countPrompt();
-        t.Switch2CC(Tool::ccNone);
-    }
-
-    // PL typed: B moved by the distance along the reference; the sign picks the direction. A
-    // distance of 0 would double B, so it is not taken and PL still waits.
-    void typeParallel(const TLString& text) {
-        double distance = 0;
-        if (!readNumber(text, distance)) {
-            refuseDistance();
-            return;
-        }
-        if (distance == 0) return;
-        if (!t.points.empty() && !TLDigitizeConstruction::AllZero(t.refStart, t.refEnd))
-            addVertex(TLDigitizeConstruction::ParallelOffset(b(), t.refStart, t.refEnd, distance));
-        t.childStep = 0;
-        end();
-    }
-
-    Tool& t;
 };
 
 }  // namespace TMObjects
