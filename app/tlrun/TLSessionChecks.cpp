@@ -53,7 +53,9 @@ bool TLSessionChecks::Run(const TLSessionCommand& c, std::string& failure, std::
 TLFeatureLayer* TLSessionChecks::layer(const std::string& name, std::string& failure) const {
     std::string why;
     TLFeatureLayer* found = mSession.FeatureLayer(name, why);
-    if (!found) failure = "expected a feature layer " + inQuotes(name) + ", got " + why;
+    if (!found)
+        failure = "expected a feature layer " + inQuotes(name) + ", got " +
+                  (mSession.Layer(name, why) ? "a raster" : "none");
     return found;
 }
 
@@ -210,7 +212,8 @@ bool TLSessionChecks::widget(const TLSessionCommand& c, std::string& failure, st
     std::string why;
     QWidget* found = TLDialogDriver::Find(c.words[1], why);
     if (!found) {
-        failure = "expected " + c.words[1] + " to show " + inQuotes(want) + ", got " + why;
+        failure = "expected a widget " + inQuotes(c.words[1]) + " showing " + inQuotes(want) +
+                  ", got none on screen";
         return true;
     }
     const std::string have = TLDialogDriver::Text(found);

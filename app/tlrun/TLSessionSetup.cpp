@@ -309,6 +309,10 @@ bool TLSessionSetup::layer(const TLSessionCommand& c, std::string& error) {
             return false;
     }
     if (mSession.Dry()) {
+        if (mSession.Known().Find(c.words[0])) {
+            error = "the script has a layer \"" + c.words[0] + "\" already";
+            return false;
+        }
         mSession.Known().Add(c.words[0], known);
         return true;
     }
