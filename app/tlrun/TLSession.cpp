@@ -1,7 +1,6 @@
 #include "TLSession.h"
 
-#include <typeinfo>
-
+#include "hostkit/TLToolTable.h"
 #include "tlmap/TLCMDPool.h"
 #include "tlmap/TLSnapTool.h"
 
@@ -91,19 +90,13 @@ TLFeatureLayer* TLSession::FeatureLayer(const std::string& name, std::string& er
 }
 
 TLTool* TLSession::Tool(const std::string& name) const {
-    TLCMDPool* pool = TLCMDPool::GetInstance();
     if (!name.empty() && name.find_first_not_of("0123456789") == std::string::npos) {
+        TLCMDPool* pool = TLCMDPool::GetInstance();
         const int place = name.size() < 4 ? std::stoi(name) : 0;
         return place >= 1 && place <= pool->GetToolCount() ? pool->GetTool(place - 1) : nullptr;
     }
-    // The pool keeps tools by their base; the class is told by its exported type information.
-    const std::string mangled = "N9TMObjects" + std::to_string(name.size()) + name + "E";
-    for (int i = 0; i < pool->GetToolCount(); ++i) {
-        TLTool* tool = pool->GetTool(i);
-        if (tool && (mangled == typeid(*tool).name() || tool->getName() == TLString(name)))
-            return tool;
-    }
-    return nullptr;
+    const int row = TLToolTable::IndexOf(name);
+    return TLToolTable::PoolTool(row >= 0 ? row : TLToolTable::IndexOfRegisteredName(name));
 }
 
 void TLSession::listen(TLFeatureLayer* layer) {

@@ -47,8 +47,9 @@ public:
     // Null with the reason when the map has no such layer (or no feature layer of that name).
     TLLayer* Layer(const std::string& name, std::string& error) const;
     TLFeatureLayer* FeatureLayer(const std::string& name, std::string& error) const;
-    // A tool of the plugin's pool: by its class name, by the name it is registered under, or by
-    // its place in the pool (from 1). Null when there is none.
+    // A tool of the plugin's pool: by its class name, by the name it registers under for typed
+    // input (the host kit's tool table has both), or by its place in the pool (from 1). Null
+    // when there is none.
     TLTool* Tool(const std::string& name) const;
 
     // Puts the workspace's layers on the map, listening to their tables. The first layers with
