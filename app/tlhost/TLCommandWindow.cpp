@@ -43,6 +43,14 @@ TLCommandWindow::TLCommandWindow(QWidget* parent)
     mInput->setObjectName("commandInput");
     mInput->installEventFilter(this);
     connect(mInput, &QLineEdit::returnPressed, this, &TLCommandWindow::enter);
+    // The history follows its last line while the user has not scrolled back: also when it
+    // shrinks because a long prompt wraps, which would otherwise hide the line just written.
+    QScrollBar* scroll = mHistory->verticalScrollBar();
+    connect(scroll, &QScrollBar::valueChanged, this,
+            [this, scroll](int value) { mFollowing = value == scroll->maximum(); });
+    connect(scroll, &QScrollBar::rangeChanged, this, [this, scroll](int, int maximum) {
+        if (mFollowing) scroll->setValue(maximum);
+    });
 
     auto* line = new QHBoxLayout;
     line->setContentsMargins(0, 0, 0, 0);
@@ -59,12 +67,18 @@ TLCommandWindow::TLCommandWindow(QWidget* parent)
 
 void TLCommandWindow::AppendHistory(const QString& line) {
     mHistory->appendPlainText(line);
-    mHistory->verticalScrollBar()->setValue(mHistory->verticalScrollBar()->maximum());
+    showLatest();
 }
 
 void TLCommandWindow::AppendHostLine(const QString& line) {
     mHistory->appendHtml(
         QStringLiteral("<span style=\"color:#b00020\">%1</span>").arg(line.toHtmlEscaped()));
+    showLatest();
+}
+
+void TLCommandWindow::showLatest() {
+    // A new line is news: the history goes to it even when the user had scrolled back.
+    mFollowing = true;
     mHistory->verticalScrollBar()->setValue(mHistory->verticalScrollBar()->maximum());
 }
 

@@ -48,6 +48,7 @@ private:
     // input out of sight: the prompt takes its own width up to a share of the window.
     void fitPrompt();
     void recall(int step);
+    void showLatest();
 
     QPlainTextEdit* mHistory;
     QLabel* mPrompt;
@@ -56,6 +57,8 @@ private:
     // Where Up/Down stand in mEntered; mEntered.size() is the line being typed.
     int mRecallAt = 0;
     QString mDraft;
+    // Whether the history shows its last line, and so keeps showing it as it changes size.
+    bool mFollowing = true;
 };
 
 }  // namespace TMObjects

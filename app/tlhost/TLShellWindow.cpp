@@ -107,6 +107,9 @@ void TLShellWindow::buildMenus() {
     QMenu* edit = menuBar()->addMenu(tr("&Edit"));
     mUndo = edit->addAction(tr("&Undo"), this, &TLShellWindow::undo, QKeySequence::Undo);
     mRedo = edit->addAction(tr("&Redo"), this, &TLShellWindow::redo, QKeySequence::Redo);
+    // Saving is where an edit session ends, so it stands with undo and redo as well.
+    edit->addSeparator();
+    edit->addAction(mSave);
 
     QMenu* view = menuBar()->addMenu(tr("&View"));
     view->addAction(tr("Zoom to &Full Extent"), mCanvas, &TLMapCanvas::ZoomToFullExtent,

@@ -107,6 +107,14 @@ bool addElevation(const std::string& path, OGRSpatialReference& reference) {
 
 }  // namespace
 
+std::map<std::string, TLLayer::LayerType> TLDemoData::Layers() {
+    return {{"wells", TLLayer::PointLayer},
+            {"roads", TLLayer::LineLayer},
+            {"parcels", TLLayer::PolygonLayer},
+            {"benchmarks", TLLayer::PointLayer},
+            {"dem", TLLayer::RasterLayer}};
+}
+
 bool TLDemoData::Write(const std::string& path, std::string& error) {
     GDALAllRegister();
     std::error_code ignored;

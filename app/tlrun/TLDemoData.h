@@ -1,6 +1,9 @@
 #pragma once
 
+#include <map>
 #include <string>
+
+#include "tlmap/TLLayer.h"
 
 namespace TMObjects {
 
@@ -17,6 +20,8 @@ class TLDemoData {
 public:
     // Writes the GeoPackage at `path`, replacing a file there. False with the reason.
     static bool Write(const std::string& path, std::string& error);
+    // The layers Write makes, by name, with their kind (RasterLayer for the elevation).
+    static std::map<std::string, TLLayer::LayerType> Layers();
 };
 
 }  // namespace TMObjects

@@ -68,13 +68,13 @@ bool TLGeometryMatch::Matches(TLGeometry* actual, const std::string& expectedWkt
     }
     const std::string want = TLGeometryWkt::ToWkt(expected.get());
     if (!actual) {
-        why = "the feature has no geometry, expected " + want;
+        why = "expected " + want + ", got no geometry";
         return false;
     }
     const std::string have = TLGeometryWkt::ToWkt(actual);
     const Cut a = cut(have), b = cut(want);
     if (a.shape != b.shape) {
-        why = "the geometry is " + have + ", expected " + want;
+        why = "expected " + want + ", got " + have;
         return false;
     }
     // Coordinates come in pairs (or triples with Z); name the vertex by its first number.
@@ -82,10 +82,10 @@ bool TLGeometryMatch::Matches(TLGeometry* actual, const std::string& expectedWkt
     for (std::size_t i = 0; i < a.numbers.size(); ++i) {
         if (std::fabs(a.numbers[i] - b.numbers[i]) <= tolerance) continue;
         const std::size_t vertex = i / dimension;
-        why = "vertex " + std::to_string(vertex + 1) + " is (" +
-              vertexText(a.numbers, vertex * dimension, dimension) + "), expected (" +
+        why = "expected vertex " + std::to_string(vertex + 1) + " at (" +
               vertexText(b.numbers, vertex * dimension, dimension) + ") within " +
-              vertexText({tolerance}, 0, 1) + "; the geometry is " + have;
+              vertexText({tolerance}, 0, 1) + ", got (" +
+              vertexText(a.numbers, vertex * dimension, dimension) + ") in " + have;
         return false;
     }
     return true;

@@ -11,8 +11,9 @@ namespace TMObjects {
 // ring drawn the other way round is a different ring.
 class TLGeometryMatch {
 public:
-    // False with the reason in `why`: the kind or the parts differ, or the first vertex that
-    // lies too far. The expected text must read as a geometry (see Readable).
+    // False with the reason in `why` ("expected ..., got ..."): the kind or the parts differ,
+    // or the first vertex that lies too far. The expected text must read as a geometry (see
+    // Readable).
     static bool Matches(TLGeometry* actual, const std::string& expectedWkt, double tolerance,
                         std::string& why);
     // False with the reason when the text is no WKT the host reads: the script is wrong, not

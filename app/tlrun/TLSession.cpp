@@ -1,7 +1,6 @@
 #include "TLSession.h"
 
-#include <typeinfo>
-
+#include "hostkit/TLToolTable.h"
 #include "tlmap/TLCMDPool.h"
 #include "tlmap/TLSnapTool.h"
 
@@ -28,11 +27,15 @@ bool TLSession::Start(const std::string& pluginPath, std::string& error) {
     mBuddy->AddListener([this](const TLHostEvent& event) { mTranscript.HostEvent(event); });
     mDispatcher = std::make_unique<TLToolDispatcher>(mBuddy.get());
     mDispatcher->SetFailureListener([this](const std::string& what, const std::string& entry) {
-        mTranscript.Event("failure", entry + ": " + what);
-        mTranscript.CountFailure();
+        mTranscript.Event("exception", entry + ": " + what);
+        mCaught = entry + ": " + what;
     });
-    mAnswerer.SetListener(
-        [this](const TLModalAnswerer::Record& record) { mTranscript.Dialog(record); });
+    mAnswerer.SetListener([this](const TLModalAnswerer::Record& record) {
+        mTranscript.Dialog(record);
+        if (!record.matched)
+            SetTrouble("expected a button that fits the answer given, got none in \"" +
+                       record.title + "\"");
+    });
     mAnswerer.Start();
     // Snapping starts off, as in a fresh desktop session; a script switches it on.
     TLSnapEnvironment::Instance()->setEnabled(false);
@@ -61,6 +64,17 @@ std::filesystem::path TLSession::Resolve(const std::string& path) const {
     return given.is_absolute() ? given : mWorkdir / given;
 }
 
+bool TLSession::HasLayer(const std::string& name, bool feature, std::string& error) const {
+    if (!mDry)
+        return feature ? FeatureLayer(name, error) != nullptr : Layer(name, error) != nullptr;
+    const TLScriptLayers::Layer* known = mKnown.Find(name);
+    if (!known)
+        error = "the script has no layer \"" + name + "\" here";
+    else if (feature && !known->feature)
+        error = "\"" + name + "\" is no feature layer";
+    return known && (!feature || known->feature);
+}
+
 TLLayer* TLSession::Layer(const std::string& name, std::string& error) const {
     TLRefPtr<TLLayer> layer = mMap->GetLayerByName(TLString(name));
     if (!layer) error = "the map has no layer \"" + name + "\"";
@@ -76,18 +90,18 @@ TLFeatureLayer* TLSession::FeatureLayer(const std::string& name, std::string& er
 }
 
 TLTool* TLSession::Tool(const std::string& name) const {
-    TLCMDPool* pool = TLCMDPool::GetInstance();
     if (!name.empty() && name.find_first_not_of("0123456789") == std::string::npos) {
-        const int place = std::stoi(name);
+        TLCMDPool* pool = TLCMDPool::GetInstance();
+        const int place = name.size() < 4 ? std::stoi(name) : 0;
         return place >= 1 && place <= pool->GetToolCount() ? pool->GetTool(place - 1) : nullptr;
     }
-    // The pool keeps tools by their base; the class is told by its exported type information.
-    const std::string mangled = "N9TMObjects" + std::to_string(name.size()) + name + "E";
-    for (int i = 0; i < pool->GetToolCount(); ++i) {
-        TLTool* tool = pool->GetTool(i);
-        if (tool && mangled == typeid(*tool).name()) return tool;
-    }
-    return nullptr;
+    const int row = TLToolTable::IndexOf(name);
+    return TLToolTable::PoolTool(row >= 0 ? row : TLToolTable::IndexOfRegisteredName(name));
+}
+
+void TLSession::listen(TLFeatureLayer* layer) {
+    layer->GetDatasource()->AddListener(&mTranscript);
+    mTranscript.Remember(layer->GetDatasource().get());
 }
 
 void TLSession::AddWorkspace(std::unique_ptr<TMWorkspace> workspace) {
@@ -95,16 +109,28 @@ void TLSession::AddWorkspace(std::unique_ptr<TMWorkspace> workspace) {
         if (!mMap->GetSpatialReference() && layer->GetSpatialReference())
             mMap->SetSpatialReference(layer->GetSpatialReference());
         mMap->InsertLayer(-1, layer.get(), true);
-        if (auto* features = dynamic_cast<TLFeatureLayer*>(layer.get()))
-            features->GetDatasource()->AddListener(&mTranscript);
+        if (auto* features = dynamic_cast<TLFeatureLayer*>(layer.get())) listen(features);
     }
-    if (!mViewChosen) mView->ZoomToBound(mMap->GetFullExtent());
+    FitView();
     mWorkspaces.push_back(std::move(workspace));
 }
 
-const TLModalAnswerer::Record* TLSession::LastDialog() const {
+void TLSession::FitView() {
+    if (!mViewChosen && !mMap->GetFullExtent().IsEmpty()) mView->ZoomToBound(mMap->GetFullExtent());
+}
+
+void TLSession::AddLayer(TLFeatureLayer* layer) {
+    if (!mMap->GetSpatialReference() && layer->GetSpatialReference())
+        mMap->SetSpatialReference(layer->GetSpatialReference());
+    mMap->InsertLayer(-1, layer, true);
+    listen(layer);
+}
+
+const TLModalAnswerer::Record* TLSession::LastBox() const {
     const auto& records = mAnswerer.Records();
-    return records.empty() ? nullptr : &records.back();
+    for (auto it = records.rbegin(); it != records.rend(); ++it)
+        if (it->kind == "message box") return &*it;
+    return nullptr;
 }
 
 }  // namespace TMObjects

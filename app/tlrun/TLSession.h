@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "TLScriptLayers.h"
 #include "TLTranscript.h"
 #include "hostkit/TLHostBuddy.h"
 #include "hostkit/TLModalAnswerer.h"
@@ -20,6 +21,10 @@ namespace TMObjects {
 // What a session runs on: the plugin loaded as the host loads it, one map with its view, the
 // host's buddy and dispatcher, the workspaces opened, and the answerer of modal dialogs. Every
 // host event goes to the transcript.
+//
+// A script is first gone through dry: each command reads its words and checks them against what
+// the script will have (its layers, the plugin's tools) without doing anything, so that a script
+// that cannot run is refused before its first event and before anything is written.
 class TLSession {
 public:
     TLSession(TLTranscript& transcript, std::filesystem::path workdir);
@@ -30,19 +35,32 @@ public:
     // Deactivates the tool and lets everything go, without further record.
     void Stop();
 
+    bool Dry() const { return mDry; }
+    void SetDry(bool dry) { mDry = dry; }
+    TLScriptLayers& Known() { return mKnown; }
+
     // A path of the script, relative to the working folder.
     std::filesystem::path Resolve(const std::string& path) const;
+    // Whether the script has a layer of that name (a feature layer, when asked): in a dry pass
+    // among the layers it will have, else on the map. False with the reason.
+    bool HasLayer(const std::string& name, bool feature, std::string& error) const;
     // Null with the reason when the map has no such layer (or no feature layer of that name).
     TLLayer* Layer(const std::string& name, std::string& error) const;
     TLFeatureLayer* FeatureLayer(const std::string& name, std::string& error) const;
-    // A tool of the plugin's pool by its class name, or by its place in the pool (from 1).
+    // A tool of the plugin's pool: by its class name, by the name it registers under for typed
+    // input (the host kit's tool table has both), or by its place in the pool (from 1). Null
+    // when there is none.
     TLTool* Tool(const std::string& name) const;
 
     // Puts the workspace's layers on the map, listening to their tables. The first layers with
     // a coordinate system give the map its system, and the view is fitted to them unless the
     // script chose what it shows.
     void AddWorkspace(std::unique_ptr<TMWorkspace> workspace);
+    // Puts a layer the script made on the map, listening to its table.
+    void AddLayer(TLFeatureLayer* layer);
     void SetViewChosen() { mViewChosen = true; }
+    // Fits the view to the map's layers, unless the script chose what it shows.
+    void FitView();
 
     TLTranscript& Transcript() { return mTranscript; }
     TLMap* Map() const { return mMap.get(); }
@@ -51,14 +69,24 @@ public:
     TLToolDispatcher* Dispatcher() const { return mDispatcher.get(); }
     TLModalAnswerer& Answerer() { return mAnswerer; }
 
-    double Tolerance() const { return mTolerance; }
-    void SetTolerance(double tolerance) { mTolerance = tolerance; }
-    // What the last event entry of a tool returned.
+    // What the main entry of the last event returned.
     bool LastResult() const { return mLastResult; }
     void SetLastResult(bool result) { mLastResult = result; }
-    const TLModalAnswerer::Record* LastDialog() const;
+    // Why the session must stop although no expectation failed: a dialog answer that fitted no
+    // button. Empty while all is well.
+    const std::string& Trouble() const { return mTrouble; }
+    void SetTrouble(const std::string& trouble) {
+        if (mTrouble.empty()) mTrouble = trouble;
+    }
+    const TLModalAnswerer::Record* LastBox() const;
+    // The failure the dispatcher caught in the last event ("ENTRY: WHAT"), until a script
+    // expects it. A script that goes on without expecting it stops there.
+    const std::string& Caught() const { return mCaught; }
+    void ClearCaught() { mCaught.clear(); }
 
 private:
+    void listen(TLFeatureLayer* layer);
+
     TLTranscript& mTranscript;
     std::filesystem::path mWorkdir;
     TLModalAnswerer mAnswerer;
@@ -69,9 +97,12 @@ private:
     std::unique_ptr<TLHostBuddy> mBuddy;
     std::unique_ptr<TLToolDispatcher> mDispatcher;
     std::vector<std::unique_ptr<TMWorkspace>> mWorkspaces;
-    double mTolerance = 1e-6;
+    TLScriptLayers mKnown;
+    bool mDry = false;
     bool mLastResult = true;
     bool mViewChosen = false;
+    std::string mTrouble;
+    std::string mCaught;
 };
 
 }  // namespace TMObjects

@@ -1,74 +1,40 @@
 #include "TLSessionActions.h"
 
+#include <QMetaEnum>
 #include <cmath>
-#include <functional>
 #include <map>
 
-#include "TLDemoData.h"
+#include "hostkit/TLDialogDriver.h"
 #include "tlmap/TLLayerEditBuffer.h"
-#include "tlmap/TLRasterLayer.h"
-#include "tlmap/TLSnapTool.h"
-#include "tmgis/TLOgrFeatureStore.h"
 
 namespace TMObjects {
 
 namespace {
 
-const int kShift = 0x2000000;
-
 const std::map<std::string, TLMouseButton>& buttons() {
-    static const std::map<std::string, TLMouseButton> names{
-        {"left", TLLeftButton}, {"right", TLRightButton}, {"middle", TLMidButton}};
+    static const std::map<std::string, TLMouseButton> names{{"none", TLNoButton},
+                                                            {"left", TLLeftButton},
+                                                            {"right", TLRightButton},
+                                                            {"middle", TLMidButton}};
     return names;
 }
 
-std::string kindName(TLLayer* layer) {
-    switch (int(layer->GetLayerType())) {
-        case TLLayer::PointLayer:
-        case TLLayer::MultiPointLayer:
-            return "point layer";
-        case TLLayer::LineLayer:
-            return "line layer";
-        case TLLayer::PolygonLayer:
-            return "polygon layer";
-        case TLLayer::AnnotationLayer:
-            return "annotation layer";
-        default:
-            return "layer of no kind the tools edit";
-    }
-}
-
-std::string systemName(TLLayer* layer) {
-    TLRefPtr<TLCoordinateSystem> system = layer->GetSpatialReference();
-    if (!system) return "no coordinate system";
-    const std::string code = system->GetAuthorityCode().toStdString();
-    return code.empty() ? system->GetName().toStdString() : code;
-}
-
-// "wells: point layer, 3 features, EPSG:32633"; "dem: raster of 80 x 60 cells, 1 band, ..."
-std::string describe(TLLayer* layer) {
-    std::string text = layer->GetLayerName().toStdString() + ": ";
-    if (auto* raster = dynamic_cast<TLRasterLayer*>(layer)) {
-        const int bands = raster->GetBandCount();
-        text += "raster of " + std::to_string(raster->GetColumnCount()) + " x " +
-                std::to_string(raster->GetRowCount()) + " cells, " + std::to_string(bands) +
-                (bands == 1 ? " band" : " bands");
-    } else if (auto* features = dynamic_cast<TLFeatureLayer*>(layer)) {
-        const int count = features->GetDatasource()->GetFeatureCount();
-        text += kindName(layer) + ", " + std::to_string(count) +
-                (count == 1 ? " feature" : " features");
-        if (!layer->IsEditable()) text += ", read-only";
-    }
-    return text + ", " + systemName(layer);
+// A key by its code or by the toolkit's name for it without "Key_".
+bool keyCode(const TLSessionCommand& c, int& code, std::string& error) {
+    if (c.Integer(0, code, error)) return true;
+    const QMetaEnum keys = QMetaEnum::fromType<Qt::Key>();
+    bool known = false;
+    code = keys.keyToValue(("Key_" + c.words[0]).c_str(), &known);
+    if (!known) error = "\"" + c.words[0] + "\" is no key (a code, or a name such as Escape)";
+    return known;
 }
 
 }  // namespace
 
 bool TLSessionActions::Knows(const std::string& verb) {
-    static const char* const verbs[] = {
-        "demo-data", "open",    "crs",   "view",     "edit", "tool",   "leave", "move",
-        "press",     "release", "click", "dblclick", "key",  "type",   "shift", "snap",
-        "part-mode", "set",     "undo",  "redo",     "save", "answer", "tol"};
+    static const char* const verbs[] = {"tool",     "deactivate", "move",   "down", "up",   "click",
+                                        "dblclick", "key",        "type",   "undo", "redo", "save",
+                                        "set",      "dialog",     "answer", "file"};
     for (const char* known : verbs)
         if (verb == known) return true;
     return false;
@@ -76,212 +42,161 @@ bool TLSessionActions::Knows(const std::string& verb) {
 
 bool TLSessionActions::Run(const TLSessionCommand& c, std::string& error) {
     const std::string& v = c.verb;
-    if (v == "demo-data") return demoData(c, error);
-    if (v == "open") return open(c, error);
-    if (v == "crs") return crs(c, error);
-    if (v == "view") return view(c, error);
-    if (v == "edit") return edit(c, error);
     if (v == "tool") return tool(c, error);
-    if (v == "leave") {
-        mSession.Dispatcher()->Deactivate();
+    if (v == "deactivate") {
+        if (!c.Expect(0, 0, "deactivate", error)) return false;
+        if (!mSession.Dry()) mSession.Dispatcher()->Deactivate();
         return true;
     }
-    if (v == "move" || v == "press" || v == "release" || v == "click" || v == "dblclick")
+    if (v == "move" || v == "down" || v == "up" || v == "click" || v == "dblclick")
         return pointer(c, error);
     if (v == "key") return key(c, error);
     if (v == "type") return type(c);
-    if (v == "shift") return shift(c, error);
-    if (v == "snap") return snap(c, error);
-    if (v == "part-mode") return partMode(c, error);
-    if (v == "set") return set(c, error);
-    if (v == "undo" || v == "redo") return undo(v == "redo");
+    if (v == "undo" || v == "redo") return undo(c, error);
     if (v == "save") return save(c, error);
-    if (v == "answer") {
-        mSession.Answerer().Queue(c.Rest(0));
-        return true;
-    }
-    if (v == "tol") return tol(c, error);
-    error = "unknown command \"" + v + "\"";
+    if (v == "set") return set(c, error);
+    if (v == "dialog") return dialog(c, error);
+    if (v == "answer" || v == "file") return answer(c, error);
+    error = "unknown verb \"" + v + "\"";
     return false;
 }
 
-bool TLSessionActions::demoData(const TLSessionCommand& c, std::string& error) {
-    if (!c.Expect(1, 1, "demo-data FILE", error)) return false;
-    const std::filesystem::path path = mSession.Resolve(c.words[0]);
-    if (!TLDemoData::Write(path.string(), error)) return false;
-    mSession.Transcript().Event("data", "demo GeoPackage written to " + c.words[0]);
-    return true;
-}
-
-bool TLSessionActions::open(const TLSessionCommand& c, std::string& error) {
-    if (!c.Expect(1, 2, "open FILE [readonly]", error)) return false;
-    const bool readOnly = c.words.size() == 2;
-    if (readOnly && c.words[1] != "readonly") {
-        error = "usage: open FILE [readonly]";
-        return false;
-    }
-    TLString why;
-    std::unique_ptr<TMWorkspace> workspace =
-        TMWorkspace::Open(TLString(mSession.Resolve(c.words[0]).string()), !readOnly, why);
-    if (!workspace) {
-        error = why.toStdString();
-        return false;
-    }
-    for (const auto& layer : workspace->GetLayers()) {
-        mSession.Transcript().Event("layer", describe(layer.get()));
-        if (mSession.Map()->GetLayerByName(layer->GetLayerName()))
-            mSession.Transcript().Event(
-                "note", "the map has a layer " + layer->GetLayerName().toStdString() +
-                            " already; the script names the first one opened");
-    }
-    for (const TLString& note : workspace->GetNotes())
-        mSession.Transcript().Event("note", note.toStdString());
-    mSession.AddWorkspace(std::move(workspace));
-    return true;
-}
-
-bool TLSessionActions::crs(const TLSessionCommand& c, std::string& error) {
-    const std::string text = c.Rest(0);
-    TLRefPtr<TLCoordinateSystem> system =
-        TLSpatialObjectFactory::LoadCoordinateSystem(TLString(text));
-    if (!system) {
-        error = "\"" + text + "\" names no coordinate system";
-        return false;
-    }
-    mSession.Map()->SetSpatialReference(system);
-    return true;
-}
-
-bool TLSessionActions::view(const TLSessionCommand& c, std::string& error) {
-    if (!c.Expect(6, 6, "view WIDTH HEIGHT XMIN YMIN XMAX YMAX", error)) return false;
-    int width = 0, height = 0;
-    double xmin, ymin, xmax, ymax;
-    if (!c.Integer(0, width, error) || !c.Integer(1, height, error) || !c.Number(2, xmin, error) ||
-        !c.Number(3, ymin, error) || !c.Number(4, xmax, error) || !c.Number(5, ymax, error))
-        return false;
-    if (width <= 0 || height <= 0 || !(xmin < xmax) || !(ymin < ymax)) {
-        error = "the view needs a size and a rectangle with area";
-        return false;
-    }
-    mSession.View()->SetDeviceSize(width, height);
-    mSession.View()->SetVisibleBounds(TLRect(xmin, xmax, ymin, ymax));
-    mSession.SetViewChosen();
-    return true;
-}
-
-bool TLSessionActions::edit(const TLSessionCommand& c, std::string& error) {
-    if (!c.Expect(0, 1, "edit [LAYER]", error)) return false;
-    if (c.words.empty()) {
-        mSession.Map()->editor()->set_edit_layer(nullptr);
-        return true;
-    }
-    TLLayer* layer = mSession.Layer(c.words[0], error);
-    if (!layer) return false;
-    mSession.Map()->editor()->set_edit_layer(layer);
-    mSession.Map()->SetCurrentLayer(layer);
-    return true;
-}
-
 bool TLSessionActions::tool(const TLSessionCommand& c, std::string& error) {
-    if (!c.Expect(1, 1, "tool CLASS", error)) return false;
+    if (!c.Expect(1, 1, "tool NAME", error)) return false;
     TLTool* tool = mSession.Tool(c.words[0]);
     if (!tool) {
         error = "the plugin has no tool \"" + c.words[0] + "\"";
         return false;
     }
-    mSession.Dispatcher()->Activate(tool);
+    if (!mSession.Dry()) mSession.Dispatcher()->Activate(tool);
+    return true;
+}
+
+bool TLSessionActions::aim(const TLSessionCommand& c, int& x, int& y, std::string& error) {
+    if (c.words.size() == 3) return c.Integer(1, x, error) && c.Integer(2, y, error);
+    // A map point: the pixel that shows it, as a user would aim at it.
+    const std::string text = c.words[1].substr(1);
+    const std::size_t comma = text.find(',');
+    TLSessionCommand pair;
+    pair.words = {text.substr(0, comma), comma == std::string::npos ? "" : text.substr(comma + 1)};
+    double mx, my;
+    if (!pair.Number(0, mx, error) || !pair.Number(1, my, error)) return false;
+    if (mSession.Dry()) return true;
+    const TLPoint device = mSession.View()->GetDisplayTransform()->ToDevice(TLPoint(mx, my));
+    if (!(std::fabs(device.x) < 1e9 && std::fabs(device.y) < 1e9)) {
+        error = "the map point " + text + " lies far outside the view";
+        return false;
+    }
+    x = int(std::lround(device.x));
+    y = int(std::lround(device.y));
+    mSession.Transcript().Event("pixel", std::to_string(x) + "," + std::to_string(y));
     return true;
 }
 
 bool TLSessionActions::pointer(const TLSessionCommand& c, std::string& error) {
-    const char* usage = "move|press|release|click|dblclick [left|right|middle] X Y  (or @X,Y)";
-    std::size_t at = 0;
-    TLMouseButton button = c.verb == "move" ? TLNoButton : TLLeftButton;
-    if (!c.words.empty() && buttons().count(c.words[0])) button = buttons().at(c.words[at++]);
-    int x = 0, y = 0;
-    if (c.words.size() == at + 1 && c.words[at].size() > 1 && c.words[at][0] == '@') {
-        // A map point: the pixel that shows it, as a user would aim at it.
-        TLSessionCommand pair = c;
-        const std::string text = c.words[at].substr(1);
-        const std::size_t comma = text.find(',');
-        pair.words = {text.substr(0, comma),
-                      comma == std::string::npos ? "" : text.substr(comma + 1)};
-        double mx, my;
-        if (!pair.Number(0, mx, error) || !pair.Number(1, my, error)) return false;
-        const TLPoint device = mSession.View()->GetDisplayTransform()->ToDevice(TLPoint(mx, my));
-        x = int(std::lround(device.x));
-        y = int(std::lround(device.y));
-        mSession.Transcript().Event("pixel", std::to_string(x) + "," + std::to_string(y));
-    } else if (c.words.size() == at + 2) {
-        if (!c.Integer(at, x, error) || !c.Integer(at + 1, y, error)) return false;
-    } else {
-        error = std::string("usage: ") + usage;
+    // A move needs no button (`move X Y`, `move @X,Y`); with one it is a drag.
+    const bool bareMove =
+        c.verb == "move" &&
+        (c.words.size() == 1 || (c.words.size() == 2 && !buttons().count(c.words[0])));
+    if (bareMove) {
+        TLSessionCommand withButton = c;
+        withButton.words.insert(withButton.words.begin(), "none");
+        return pointer(withButton, error);
+    }
+    const std::string usage =
+        c.verb + (c.verb == "move" ? " [none|left|right|middle]" : " left|right|middle") +
+        " X Y  (or @X,Y for a map point)";
+    const bool mapPoint = c.words.size() == 2 && c.words[1].size() > 1 && c.words[1][0] == '@';
+    if ((c.words.size() != 3 && !mapPoint) || !buttons().count(c.words[0]) ||
+        (c.verb != "move" && c.words[0] == "none")) {
+        error = "usage: " + usage;
         return false;
     }
+    int x = 0, y = 0;
+    if (!aim(c, x, y, error)) return false;
+    if (mSession.Dry()) return true;
+    const TLMouseButton b = buttons().at(c.words[0]);
     TLToolDispatcher* d = mSession.Dispatcher();
-    if (c.verb == "move") returned(d->MouseMove(button, x, y));
-    if (c.verb == "press" || c.verb == "click") returned(d->MouseDown(button, x, y));
+    if (c.verb == "move") returned("OnMouseMove", d->MouseMove(b, x, y));
+    if (c.verb == "down") returned("OnMouseDown", d->MouseDown(b, x, y));
+    if (c.verb == "up") returned("OnMouseUp", d->MouseUp(b, x, y));
     if (c.verb == "click") {
-        const bool pressed = mSession.LastResult();
-        returned(d->MouseUp(button, x, y));
-        mSession.SetLastResult(pressed);
+        returned("OnMouseDown", d->MouseDown(b, x, y));
+        returned("OnMouseUp", d->MouseUp(b, x, y), false);
     }
-    if (c.verb == "release") returned(d->MouseUp(button, x, y));
-    if (c.verb == "dblclick") returned(d->DoubleClick(button, x, y));
+    if (c.verb == "dblclick") {
+        returned("OnMouseDown", d->MouseDown(b, x, y), false);
+        returned("OnMouseUp", d->MouseUp(b, x, y), false);
+        returned("OnDblClick", d->DoubleClick(b, x, y));
+        returned("OnMouseUp", d->MouseUp(b, x, y), false);
+    }
     return true;
 }
 
 bool TLSessionActions::key(const TLSessionCommand& c, std::string& error) {
     int code = 0;
-    if (!c.Expect(1, 1, "key CODE", error) || !c.Integer(0, code, error)) return false;
-    returned(mSession.Dispatcher()->KeyDown(code));
+    if (!c.Expect(1, 1, "key CODE|NAME", error) || !keyCode(c, code, error)) return false;
+    if (!mSession.Dry()) returned("OnKeyDown", mSession.Dispatcher()->KeyDown(code));
     return true;
 }
 
 bool TLSessionActions::type(const TLSessionCommand& c) {
-    returned(mSession.Dispatcher()->TypeLine(TLString(c.Rest(0))));
+    if (!mSession.Dry())
+        returned("processChildCmd", mSession.Dispatcher()->TypeLine(TLString(c.Rest(0))));
     return true;
 }
 
-bool TLSessionActions::shift(const TLSessionCommand& c, std::string& error) {
-    bool held = false;
-    if (!c.Expect(1, 1, "shift on|off", error) || !c.Switch(0, held, error)) return false;
-    mSession.Buddy()->SetKeyboardModifiers(held ? kShift : 0);
+bool TLSessionActions::undo(const TLSessionCommand& c, std::string& error) {
+    const bool redo = c.verb == "redo";
+    if (!c.Expect(0, 0, redo ? "redo" : "undo", error)) return false;
+    if (mSession.Dry()) return true;
+    TLEditor* editor = mSession.Map()->editor();
+    if (!(redo ? editor->Redo() : editor->Undo()))
+        mSession.Transcript().Event(c.verb, redo ? "nothing to redo" : "nothing to undo");
+    mSession.View()->RefreshMap(false, TLRect());
     return true;
 }
 
-bool TLSessionActions::snap(const TLSessionCommand& c, std::string& error) {
-    bool on = false;
-    if (!c.Expect(1, 2, "snap on|off [PIXELS]", error) || !c.Switch(0, on, error)) return false;
-    TLSnapEnvironment::Instance()->setEnabled(on);
-    if (c.words.size() == 2) {
-        double pixels = 0;
-        if (!c.Number(1, pixels, error)) return false;
-        TLSnapEnvironment::Instance()->setTolerance(pixels);
+bool TLSessionActions::save(const TLSessionCommand& c, std::string& error) {
+    if (!c.Expect(0, 1, "save [NAME]", error)) return false;
+    if (c.words.size() == 1 && !mSession.HasLayer(c.words[0], true, error)) return false;
+    if (mSession.Dry()) return true;
+    if (c.words.size() == 1) {
+        saveLayer(mSession.FeatureLayer(c.words[0], error), true);
+        return true;
     }
+    for (const auto& layer : mSession.Map()->GetLayers(true))
+        if (auto* features = dynamic_cast<TLFeatureLayer*>(layer.get())) saveLayer(features, false);
     return true;
 }
 
-bool TLSessionActions::partMode(const TLSessionCommand& c, std::string& error) {
-    int mode = 0;
-    if (!c.Expect(2, 2, "part-mode line|polygon N", error) || !c.Integer(1, mode, error))
-        return false;
-    if (c.words[0] == "line")
-        mSession.Buddy()->SetLinePartMode(mode);
-    else if (c.words[0] == "polygon")
-        mSession.Buddy()->SetPolygonPartMode(mode);
-    else {
-        error = "usage: part-mode line|polygon N";
-        return false;
+void TLSessionActions::saveLayer(TLFeatureLayer* layer, bool named) {
+    TLFeatureTable* table = layer->GetDatasource().get();
+    const std::size_t pending = table->PendingChanges().size();
+    const std::string name = layer->GetLayerName().toStdString();
+    if (pending == 0) {
+        if (named) mSession.Transcript().Event("saved", name + ": nothing to write");
+        return;
     }
-    return true;
+    if (!layer->SaveEdits()) {
+        mSession.Transcript().Event("save-failed",
+                                    name + ": " + layer->LastSaveError().toStdString());
+        return;
+    }
+    const std::string where = table->GetStore()
+                                  ? " written to " + table->GetStore()->GetPath().toStdString()
+                                  : " kept in memory";
+    mSession.Transcript().Event("saved", name + ": " + std::to_string(pending) +
+                                             (pending == 1 ? " change" : " changes") + where);
 }
 
 bool TLSessionActions::set(const TLSessionCommand& c, std::string& error) {
-    if (!c.Expect(4, 4, "set LAYER ID FIELD VALUE", error)) return false;
-    TLFeatureLayer* layer = mSession.FeatureLayer(c.words[0], error);
     int id = 0;
-    if (!layer || !c.Integer(1, id, error)) return false;
+    if (!c.Expect(4, 4, "set NAME ID FIELD VALUE", error) || !c.Integer(1, id, error) ||
+        !mSession.HasLayer(c.words[0], true, error))
+        return false;
+    if (mSession.Dry()) return true;
+    TLFeatureLayer* layer = mSession.FeatureLayer(c.words[0], error);
     TLEditor* editor = mSession.Map()->editor();
     // The label the attribute editor gives its writes.
     editor->StartOperation(TLString("Change Attribute"));
@@ -297,62 +212,50 @@ bool TLSessionActions::set(const TLSessionCommand& c, std::string& error) {
     return true;
 }
 
-bool TLSessionActions::undo(bool redo) {
-    TLEditor* editor = mSession.Map()->editor();
-    if (!(redo ? editor->Redo() : editor->Undo()))
-        mSession.Transcript().Event(redo ? "redo" : "undo",
-                                    redo ? "nothing to redo" : "nothing to undo");
-    return true;
-}
-
-bool TLSessionActions::save(const TLSessionCommand& c, std::string& error) {
-    if (!c.Expect(0, 1, "save [LAYER]", error)) return false;
-    if (c.words.size() == 1) {
-        TLFeatureLayer* layer = mSession.FeatureLayer(c.words[0], error);
-        return layer && saveLayer(layer, true);
-    }
-    for (const auto& layer : mSession.Map()->GetLayers(true))
-        if (auto* features = dynamic_cast<TLFeatureLayer*>(layer.get())) saveLayer(features, false);
-    return true;
-}
-
-bool TLSessionActions::saveLayer(TLFeatureLayer* layer, bool named) {
-    TLFeatureTable* table = layer->GetDatasource().get();
-    const std::size_t pending = table->PendingChanges().size();
-    const std::string name = layer->GetLayerName().toStdString();
-    if (pending == 0) {
-        if (named) mSession.Transcript().Event("saved", name + ": nothing to write");
-        return true;
-    }
-    if (!layer->SaveEdits()) {
-        mSession.Transcript().Event("save-failed",
-                                    name + ": " + layer->LastSaveError().toStdString());
-        return true;
-    }
-    const std::string where = table->GetStore()
-                                  ? " written to " + table->GetStore()->GetPath().toStdString()
-                                  : " kept in memory";
-    mSession.Transcript().Event("saved", name + ": " + std::to_string(pending) +
-                                             (pending == 1 ? " change" : " changes") + where);
-    return true;
-}
-
-bool TLSessionActions::tol(const TLSessionCommand& c, std::string& error) {
-    double tolerance = 0;
-    if (!c.Expect(1, 1, "tol VALUE", error) || !c.Number(0, tolerance, error)) return false;
-    if (tolerance < 0) {
-        error = "a tolerance cannot be negative";
+bool TLSessionActions::dialog(const TLSessionCommand& c, std::string& error) {
+    const char* usage = "dialog set OBJECT VALUE | dialog click OBJECT";
+    const bool setting = !c.words.empty() && c.words[0] == "set";
+    if (!c.Expect(2, 3, usage, error) || !c.Choice(0, "set|click", usage, error) ||
+        c.words.size() != (setting ? 3u : 2u)) {
+        error = std::string("usage: ") + usage;
         return false;
     }
-    mSession.SetTolerance(tolerance);
+    if (mSession.Dry()) return true;
+    // A dialog that is not there is what the script did not expect: the session fails, as at an
+    // expectation.
+    std::string missing;
+    QWidget* widget = TLDialogDriver::Find(c.words[1], missing);
+    if (!widget) {
+        mSession.SetTrouble("expected a widget \"" + c.words[1] + "\" on screen, got none");
+        return true;
+    }
+    std::string refused;
+    if (!(setting ? TLDialogDriver::Set(widget, c.words[2], refused)
+                  : TLDialogDriver::Click(widget, refused)))
+        mSession.SetTrouble("expected " + c.words[1] + " to take the " +
+                            (setting ? "value" : "click") + ", got: " + refused);
     return true;
 }
 
-void TLSessionActions::returned(bool result) {
-    mSession.SetLastResult(result);
-    // A failure that escaped the tool was reported already, with its reason.
-    if (!result && mSession.Dispatcher()->LastFailure().empty())
-        mSession.Transcript().Event("returned", "false");
+bool TLSessionActions::answer(const TLSessionCommand& c, std::string& error) {
+    if (c.verb == "file") {
+        if (!c.Expect(1, 1, "file PATH", error)) return false;
+        if (!mSession.Dry()) mSession.Answerer().Queue(mSession.Resolve(c.words[0]).string());
+        return true;
+    }
+    const char* usage = "answer ok|yes|no|cancel";
+    if (!c.Expect(1, 1, usage, error) || !c.Choice(0, "ok|yes|no|cancel", usage, error))
+        return false;
+    if (!mSession.Dry()) mSession.Answerer().Queue(c.words[0]);
+    return true;
+}
+
+bool TLSessionActions::returned(const char* entry, bool result, bool main) {
+    if (main) mSession.SetLastResult(result);
+    // A failure that escaped the tool was told already, with its reason.
+    if (mSession.Dispatcher()->LastFailure().empty())
+        mSession.Transcript().Event("result", std::string(entry) + (result ? " true" : " false"));
+    return result;
 }
 
 }  // namespace TMObjects

@@ -7,58 +7,54 @@
 
 namespace TMObjects {
 
-// The commands of a script that act: on data, on the map and view, and as the user at the view
-// and the command window.
+// The commands of a script that act as the user: picking tools, the pointer and keys at the view,
+// lines typed on the command window, the Edit menu, and dialogs.
 //
-//   demo-data FILE                 writes a fresh demo GeoPackage at FILE
-//   open FILE [readonly]           opens a data source; its layers go on the map
-//   crs CODE                       the map's coordinate system: "EPSG:n", WKT or PROJ text
-//   view W H XMIN YMIN XMAX YMAX   the view's size in pixels and the map rectangle it shows
-//   edit [LAYER]                   makes LAYER the edit layer (and the current one); without
-//                                  LAYER no layer is edited
-//   tool CLASS                     picks a tool of the plugin by class name or place in the pool
-//   leave                          leaves the active tool
-//   move|press|release|click|dblclick [left|right|middle] X Y
-//                                  the pointer at device pixel (X, Y); "@X,Y" gives a map point
-//   key CODE                       a key press, as a Qt key code
-//   type [TEXT]                    a line typed on the command window; without TEXT an empty one
-//   shift on|off                   whether Shift is held
-//   snap on|off [PIXELS]           snapping, and its tolerance
-//   part-mode line|polygon N       the part mode the host answers the line or polygon tool
-//   set LAYER ID FIELD VALUE       an attribute change through the edit buffer, one undo step
-//   undo, redo                     the editor's undo and redo
-//   save [LAYER]                   writes the pending edits of LAYER (or of all) to their store
-//   answer TEXT                    the answer to the next modal dialog
-//   tol VALUE                      the tolerance of geometry expectations
+//   tool NAME                   picks a tool by class name, registered name or place in the pool:
+//                               the tool in use is left, then Init(buddy) and activate()
+//   deactivate                  leaves the tool in use
+//   move [B] X Y                the pointer moves to device pixel (X, Y), with button B held
+//                               (none when left out)
+//   down|up|click|dblclick B X Y
+//                               the pointer at device pixel (X, Y) with button B (left, right,
+//                               middle); "@X,Y" for "X Y" aims at the pixel that shows the map
+//                               point (X, Y). click is down and up, dblclick is down, up,
+//                               double-click, up
+//   key CODE                    a key press: a Qt key code, or its name (Escape, Return, Z, F2)
+//   type [TEXT]                 a line typed on the command window: the rest of the line, or
+//                               exactly the text in quotes; alone, the empty line
+//   undo, redo                  the editor's undo and redo
+//   save [NAME]                 writes the pending edits of a layer (or of every layer)
+//   set NAME ID FIELD VALUE     an attribute change as the attribute editor makes it, one step
+//   dialog set OBJECT VALUE     types or picks a value in a widget of a dialog on screen
+//   dialog click OBJECT         clicks a button of a dialog on screen
+//   answer ok|yes|no|cancel     the answer to the next modal dialog
+//   file PATH                   the file chosen in the next file dialog
+// Each event's result goes to the transcript; `expect result` looks at the main one: the press of
+// a click, the double-click of a dblclick.
 class TLSessionActions {
 public:
     explicit TLSessionActions(TLSession& session) : mSession(session) {}
 
     static bool Knows(const std::string& verb);
-    // False with the reason when the command cannot be run; the script stops there.
+    // False with the reason when the command is wrong, or cannot be carried out.
     bool Run(const TLSessionCommand& command, std::string& error);
 
 private:
-    bool demoData(const TLSessionCommand& c, std::string& error);
-    bool open(const TLSessionCommand& c, std::string& error);
-    bool crs(const TLSessionCommand& c, std::string& error);
-    bool view(const TLSessionCommand& c, std::string& error);
-    bool edit(const TLSessionCommand& c, std::string& error);
     bool tool(const TLSessionCommand& c, std::string& error);
     bool pointer(const TLSessionCommand& c, std::string& error);
+    bool aim(const TLSessionCommand& c, int& x, int& y, std::string& error);
     bool key(const TLSessionCommand& c, std::string& error);
     bool type(const TLSessionCommand& c);
-    bool shift(const TLSessionCommand& c, std::string& error);
-    bool snap(const TLSessionCommand& c, std::string& error);
-    bool partMode(const TLSessionCommand& c, std::string& error);
-    bool set(const TLSessionCommand& c, std::string& error);
-    bool undo(bool redo);
+    bool undo(const TLSessionCommand& c, std::string& error);
     bool save(const TLSessionCommand& c, std::string& error);
-    bool saveLayer(TLFeatureLayer* layer, bool named);
-    bool tol(const TLSessionCommand& c, std::string& error);
+    void saveLayer(TLFeatureLayer* layer, bool named);
+    bool set(const TLSessionCommand& c, std::string& error);
+    bool dialog(const TLSessionCommand& c, std::string& error);
+    bool answer(const TLSessionCommand& c, std::string& error);
 
-    // Notes what an event entry of the tool returned; a refusal is shown.
-    void returned(bool result);
+    // Tells the transcript what an event entry returned and keeps it when it is the main one.
+    bool returned(const char* entry, bool result, bool main = true);
 
     TLSession& mSession;
 };

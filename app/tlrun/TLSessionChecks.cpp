@@ -1,254 +1,325 @@
 #include "TLSessionChecks.h"
 
+#include <algorithm>
+
 #include "TLGeometryMatch.h"
+#include "hostkit/TLDialogDriver.h"
 #include "tmgis/TLOgrFeatureStore.h"
 
 namespace TMObjects {
 
 namespace {
 
-std::string quoted(const std::string& text) {
+const double kDefaultTolerance = 1e-6;
+
+std::string inQuotes(const std::string& text) {
     return "\"" + text + "\"";
+}
+
+std::string features(int n) {
+    return std::to_string(n) + (n == 1 ? " feature" : " features");
+}
+
+std::string idList(const std::vector<int>& ids) {
+    if (ids.empty()) return "none";
+    std::string text;
+    for (int id : ids) text += (text.empty() ? "" : " ") + std::to_string(id);
+    return text;
 }
 
 }  // namespace
 
-bool TLSessionChecks::Run(const TLSessionCommand& c, std::string& error) {
-    if (c.words.empty()) {
-        error = "expect what?";
-        return false;
-    }
+bool TLSessionChecks::Run(const TLSessionCommand& c, std::string& failure, std::string& error) {
+    failure.clear();
+    const std::string what = c.words.empty() ? std::string() : c.words[0];
+    if (what == "prompt" || what == "message" || what == "notice" || what == "box")
+        return text(c, failure, error);
+    if (what == "count") return count(c, failure, error);
+    if (what == "wkt" || what == "last") return wkt(c, failure, error);
+    if (what == "attr") return attr(c, failure, error);
+    if (what == "selected") return selected(c, failure, error);
+    if (what == "result") return result(c, failure, error);
+    if (what == "failure") return caught(c, failure, error);
+    if (what == "undo") return undo(c, failure, error);
+    if (what == "op") return op(c, failure, error);
+    if (what == "widget") return widget(c, failure, error);
+    if (what == "pending") return pending(c, failure, error);
+    if (what == "stored") return stored(c, failure, error);
+    if (what == "stored-wkt") return storedWkt(c, failure, error);
+    if (what == "save-error") return saveError(c, failure, error);
+    error = "unknown expectation " + inQuotes(what);
+    return false;
+}
+
+TLFeatureLayer* TLSessionChecks::layer(const std::string& name, std::string& failure) const {
+    std::string why;
+    TLFeatureLayer* found = mSession.FeatureLayer(name, why);
+    if (!found)
+        failure = "expected a feature layer " + inQuotes(name) + ", got " +
+                  (mSession.Layer(name, why) ? "a raster" : "none");
+    return found;
+}
+
+bool TLSessionChecks::text(const TLSessionCommand& c, std::string& failure, std::string& error) {
+    const std::string usage = "expect " + c.words[0] + " \"TEXT\"";
+    if (!c.Expect(1, 1000, usage.c_str(), error)) return false;
+    if (mSession.Dry()) return true;
     const std::string& what = c.words[0];
-    std::string failure;
-    bool judged = false;
-    if (what == "prompt")
-        judged = prompt(c, failure);
-    else if (what == "message")
-        judged = message(c, failure);
-    else if (what == "returned")
-        judged = returned(c, failure, error);
-    else if (what == "count")
-        judged = count(c, failure, error);
-    else if (what == "feature")
-        judged = feature(c, failure, error);
-    else if (what == "value")
-        judged = value(c, failure, error);
-    else if (what == "undo")
-        judged = undo(c, failure, error);
-    else if (what == "pending")
-        judged = pending(c, failure, error);
-    else if (what == "stored")
-        judged = stored(c, failure, error);
-    else if (what == "stored-feature")
-        judged = storedFeature(c, failure, error);
-    else if (what == "save-error")
-        judged = saveError(c, failure, error);
-    else if (what == "dialog")
-        judged = dialog(c, failure);
-    else
-        error = "unknown expectation " + quoted(what);
-    if (!judged) return false;
-    if (failure.empty())
-        mSession.Transcript().Ok();
-    else
-        mSession.Transcript().Fail(c.line, failure);
-    return true;
-}
-
-bool TLSessionChecks::prompt(const TLSessionCommand& c, std::string& failure) {
     const std::string want = c.Rest(1);
-    const std::string have = mSession.Buddy()->Prompt().toStdString();
-    if (have != want) failure = "the prompt is " + quoted(have) + ", expected " + quoted(want);
-    return true;
-}
-
-bool TLSessionChecks::message(const TLSessionCommand& c, std::string& failure) {
-    const std::string want = c.Rest(1);
-    const std::string have = mSession.Buddy()->Latest(TLHostEvent::Message).toStdString();
-    if (have != want)
-        failure = "the last message is " + quoted(have) + ", expected " + quoted(want);
-    return true;
-}
-
-bool TLSessionChecks::returned(const TLSessionCommand& c, std::string& failure,
-                               std::string& error) {
-    bool want = false;
-    if (!c.Expect(2, 2, "expect returned true|false", error)) return false;
-    if (c.words[1] != "true" && c.words[1] != "false") {
-        error = "usage: expect returned true|false";
-        return false;
+    std::string have;
+    if (what == "prompt") have = mSession.Buddy()->Prompt().toStdString();
+    if (what == "message") have = mSession.Buddy()->Latest(TLHostEvent::Message).toStdString();
+    if (what == "notice") have = mSession.Buddy()->Latest(TLHostEvent::Notice).toStdString();
+    if (what == "box") {
+        const TLModalAnswerer::Record* box = mSession.LastBox();
+        if (!box) {
+            failure = "expected a message box " + inQuotes(want) + ", got none";
+            return true;
+        }
+        have = box->text;
     }
-    want = c.words[1] == "true";
-    if (mSession.LastResult() != want)
-        failure = std::string("the tool returned ") + (want ? "false" : "true");
+    if (have != want)
+        failure = "expected the " + what + " " + inQuotes(want) + ", got " + inQuotes(have);
     return true;
 }
 
 bool TLSessionChecks::count(const TLSessionCommand& c, std::string& failure, std::string& error) {
     int want = 0;
-    if (!c.Expect(3, 3, "expect count LAYER N", error) || !c.Integer(2, want, error)) return false;
-    TLFeatureLayer* layer = mSession.FeatureLayer(c.words[1], error);
-    if (!layer) return false;
-    const int have = layer->GetDatasource()->GetFeatureCount();
+    if (!c.Expect(3, 3, "expect count NAME N", error) || !c.Integer(2, want, error)) return false;
+    if (mSession.Dry()) return true;
+    TLFeatureLayer* found = layer(c.words[1], failure);
+    if (!found) return true;
+    const int have = found->GetDatasource()->GetFeatureCount();
     if (have != want)
-        failure = "count of " + c.words[1] + " is " + std::to_string(have) + ", expected " +
-                  std::to_string(want);
+        failure =
+            "expected " + features(want) + " in " + c.words[1] + ", got " + std::to_string(have);
     return true;
 }
 
-bool TLSessionChecks::featureId(const TLFeatureTable& table, const std::string& word, int& id,
-                                std::string& error) {
-    if (word == "last") {
-        const std::vector<int> ids = table.GetIds();
-        if (ids.empty()) {
-            error = "the layer has no feature to call last";
-            return false;
-        }
-        id = ids.back();
-        return true;
-    }
-    TLSessionCommand number;
-    number.words = {word};
-    return number.Integer(0, id, error);
-}
-
-bool TLSessionChecks::feature(const TLSessionCommand& c, std::string& failure, std::string& error) {
-    if (!c.Expect(4, 100, "expect feature LAYER ID|last WKT", error) ||
-        !TLGeometryMatch::Readable(c.Rest(3), error))
+bool TLSessionChecks::geometryWords(const TLSessionCommand& c, std::size_t at, double& tolerance,
+                                    std::string& error) {
+    tolerance = kDefaultTolerance;
+    if (!TLGeometryMatch::Readable(c.words[at], error)) return false;
+    if (c.words.size() == at + 2 && (!c.Number(at + 1, tolerance, error) || tolerance < 0)) {
+        error = inQuotes(c.words[at + 1]) + " is no tolerance";
         return false;
-    TLFeatureLayer* layer = mSession.FeatureLayer(c.words[1], error);
-    int id = 0;
-    if (!layer || !featureId(*layer->GetDatasource(), c.words[2], id, error)) return false;
-    const TLFeature* feature = layer->GetDatasource()->PeekFeature(id);
-    if (!feature) {
-        failure = c.words[1] + " has no feature " + std::to_string(id);
-        return true;
     }
-    TLGeometryMatch::Matches(feature->GetGeometry().get(), c.Rest(3), mSession.Tolerance(),
-                             failure);
     return true;
 }
 
-bool TLSessionChecks::value(const TLSessionCommand& c, std::string& failure, std::string& error) {
-    if (!c.Expect(5, 100, "expect value LAYER ID|last FIELD TEXT", error)) return false;
-    TLFeatureLayer* layer = mSession.FeatureLayer(c.words[1], error);
+bool TLSessionChecks::wkt(const TLSessionCommand& c, std::string& failure, std::string& error) {
+    const bool last = c.words[0] == "last";
+    const std::size_t at = last ? 2 : 3;
     int id = 0;
-    if (!layer || !featureId(*layer->GetDatasource(), c.words[2], id, error)) return false;
-    const TLFeature* feature = layer->GetDatasource()->PeekFeature(id);
+    double tolerance = 0;
+    if (!c.Expect(at + 1, at + 2,
+                  last ? "expect last NAME \"WKT\" [TOL]" : "expect wkt NAME ID \"WKT\" [TOL]",
+                  error) ||
+        (!last && !c.Integer(2, id, error)) || !geometryWords(c, at, tolerance, error))
+        return false;
+    if (mSession.Dry()) return true;
+    TLFeatureLayer* found = layer(c.words[1], failure);
+    if (!found) return true;
+    const TLFeatureTable& table = *found->GetDatasource();
+    if (last && table.GetFeatureCount() > 0) id = table.GetIds().back();
+    const TLFeature* feature = table.PeekFeature(id);
     if (!feature) {
-        failure = c.words[1] + " has no feature " + std::to_string(id);
+        failure = "expected " + c.words[at] + " as " +
+                  (last ? "the last feature" : "feature " + std::to_string(id)) + " of " +
+                  c.words[1] + ", got no such feature";
+        return true;
+    }
+    TLGeometryMatch::Matches(feature->GetGeometry().get(), c.words[at], tolerance, failure);
+    return true;
+}
+
+bool TLSessionChecks::attr(const TLSessionCommand& c, std::string& failure, std::string& error) {
+    int id = 0;
+    if (!c.Expect(5, 1000, "expect attr NAME ID FIELD \"VALUE\"", error) ||
+        !c.Integer(2, id, error))
+        return false;
+    if (mSession.Dry()) return true;
+    TLFeatureLayer* found = layer(c.words[1], failure);
+    if (!found) return true;
+    const TLFeature* feature = found->GetDatasource()->PeekFeature(id);
+    if (!feature) {
+        failure = "expected a feature " + std::to_string(id) + " in " + c.words[1] + ", got none";
         return true;
     }
     const TLVariant v = feature->GetValue(TLString(c.words[3]));
     const std::string have = v.IsNull() ? "(null)" : v.ToString().toStdString();
     const std::string want = c.Rest(4);
     if (have != want)
-        failure = c.words[3] + " of " + c.words[1] + " " + std::to_string(id) + " is " +
-                  quoted(have) + ", expected " + quoted(want);
+        failure = "expected " + c.words[3] + " of " + c.words[1] + " " + std::to_string(id) +
+                  " to be " + inQuotes(want) + ", got " + inQuotes(have);
+    return true;
+}
+
+bool TLSessionChecks::selected(const TLSessionCommand& c, std::string& failure,
+                               std::string& error) {
+    if (!c.Expect(2, 100000, "expect selected NAME ID...", error)) return false;
+    std::vector<int> want(c.words.size() - 2);
+    for (std::size_t i = 2; i < c.words.size(); ++i)
+        if (!c.Integer(i, want[i - 2], error)) return false;
+    if (mSession.Dry()) return true;
+    TLFeatureLayer* found = layer(c.words[1], failure);
+    if (!found) return true;
+    std::vector<int> have = found->GetSelectedIds();
+    std::sort(want.begin(), want.end());
+    std::sort(have.begin(), have.end());
+    if (have != want)
+        failure =
+            "expected " + idList(want) + " selected in " + c.words[1] + ", got " + idList(have);
+    return true;
+}
+
+bool TLSessionChecks::result(const TLSessionCommand& c, std::string& failure, std::string& error) {
+    const char* usage = "expect result true|false";
+    if (!c.Expect(2, 2, usage, error) || !c.Choice(1, "true|false", usage, error)) return false;
+    if (mSession.Dry()) return true;
+    const bool want = c.words[1] == "true";
+    if (mSession.LastResult() != want)
+        failure = std::string("expected the event to return ") + c.words[1] + ", got " +
+                  (want ? "false" : "true");
+    return true;
+}
+
+bool TLSessionChecks::caught(const TLSessionCommand& c, std::string& failure, std::string& error) {
+    if (!c.Expect(2, 1000, "expect failure \"TEXT\"", error)) return false;
+    if (mSession.Dry()) return true;
+    const std::string want = c.Rest(1);
+    const std::string have = mSession.Caught();
+    if (have.find(want) == std::string::npos)
+        failure = "expected a caught failure saying " + inQuotes(want) + ", got " +
+                  (have.empty() ? std::string("none") : inQuotes(have));
+    mSession.ClearCaught();
     return true;
 }
 
 bool TLSessionChecks::undo(const TLSessionCommand& c, std::string& failure, std::string& error) {
     int want = 0;
-    if (!c.Expect(2, 100, "expect undo N [LABEL]", error) || !c.Integer(1, want, error))
-        return false;
-    TLEditor* editor = mSession.Map()->editor();
-    if (editor->UndoCount() != want) {
-        failure = "there are " + std::to_string(editor->UndoCount()) + " undo steps, expected " +
-                  std::to_string(want);
+    if (!c.Expect(2, 2, "expect undo N", error) || !c.Integer(1, want, error)) return false;
+    if (mSession.Dry()) return true;
+    const int have = mSession.Map()->editor()->UndoCount();
+    if (have != want)
+        failure =
+            "expected " + std::to_string(want) + " steps to undo, got " + std::to_string(have);
+    return true;
+}
+
+bool TLSessionChecks::op(const TLSessionCommand& c, std::string& failure, std::string& error) {
+    if (!c.Expect(2, 1000, "expect op \"LABEL\"", error)) return false;
+    if (mSession.Dry()) return true;
+    const std::string want = c.Rest(1);
+    const std::string have = mSession.Map()->editor()->LastCommittedLabel().toStdString();
+    if (have != want)
+        failure = "expected the operation " + inQuotes(want) + ", got " +
+                  (have.empty() ? std::string("none") : inQuotes(have));
+    return true;
+}
+
+bool TLSessionChecks::widget(const TLSessionCommand& c, std::string& failure, std::string& error) {
+    if (!c.Expect(3, 1000, "expect widget OBJECT \"TEXT\"", error)) return false;
+    if (mSession.Dry()) return true;
+    const std::string want = c.Rest(2);
+    std::string why;
+    QWidget* found = TLDialogDriver::Find(c.words[1], why);
+    if (!found) {
+        failure = "expected a widget " + inQuotes(c.words[1]) + " showing " + inQuotes(want) +
+                  ", got none on screen";
         return true;
     }
-    const std::string label = c.Rest(2);
-    if (!label.empty() && editor->UndoLabel().toStdString() != label)
-        failure = "the step to undo is " + quoted(editor->UndoLabel().toStdString()) +
-                  ", expected " + quoted(label);
+    const std::string have = TLDialogDriver::Text(found);
+    if (have != want)
+        failure =
+            "expected " + c.words[1] + " to show " + inQuotes(want) + ", got " + inQuotes(have);
     return true;
 }
 
 bool TLSessionChecks::pending(const TLSessionCommand& c, std::string& failure, std::string& error) {
     int want = 0;
-    if (!c.Expect(3, 3, "expect pending LAYER N", error) || !c.Integer(2, want, error))
-        return false;
-    TLFeatureLayer* layer = mSession.FeatureLayer(c.words[1], error);
-    if (!layer) return false;
-    const int have = int(layer->GetDatasource()->PendingChanges().size());
+    if (!c.Expect(3, 3, "expect pending NAME N", error) || !c.Integer(2, want, error)) return false;
+    if (mSession.Dry()) return true;
+    TLFeatureLayer* found = layer(c.words[1], failure);
+    if (!found) return true;
+    const int have = int(found->GetDatasource()->PendingChanges().size());
     if (have != want)
-        failure = c.words[1] + " has " + std::to_string(have) + " changes pending, expected " +
-                  std::to_string(want);
+        failure = "expected " + std::to_string(want) + " changes of " + c.words[1] +
+                  " to save, got " + std::to_string(have);
     return true;
 }
 
-std::unique_ptr<TMWorkspace> TLSessionChecks::reread(TLFeatureLayer* layer,
-                                                     std::string& error) const {
+TLFeatureLayer* TLSessionChecks::reread(TLFeatureLayer* layer,
+                                        std::unique_ptr<TMWorkspace>& workspace,
+                                        std::string& failure) const {
+    const std::string name = layer->GetLayerName().toStdString();
     auto* store = dynamic_cast<TLOgrFeatureStore*>(layer->GetDatasource()->GetStore());
     if (!store) {
-        error = layer->GetLayerName().toStdString() + " has no data store";
+        failure = "expected " + name + " in a data source, got a layer in memory";
         return nullptr;
     }
     TLString why;
-    std::unique_ptr<TMWorkspace> workspace = TMWorkspace::Open(store->GetPath(), false, why);
-    if (!workspace) error = why.toStdString();
-    return workspace;
+    workspace = TMWorkspace::Open(store->GetPath(), false, why);
+    auto* again =
+        workspace ? dynamic_cast<TLFeatureLayer*>(workspace->GetLayer(layer->GetLayerName()).get())
+                  : nullptr;
+    if (!again)
+        failure = "expected " + name + " in " + store->GetPath().toStdString() + ", got " +
+                  (workspace ? std::string("no such layer") : why.toStdString());
+    return again;
 }
 
 bool TLSessionChecks::stored(const TLSessionCommand& c, std::string& failure, std::string& error) {
     int want = 0;
-    if (!c.Expect(3, 3, "expect stored LAYER N", error) || !c.Integer(2, want, error)) return false;
-    TLFeatureLayer* layer = mSession.FeatureLayer(c.words[1], error);
-    if (!layer) return false;
-    std::unique_ptr<TMWorkspace> workspace = reread(layer, error);
-    if (!workspace) return false;
-    auto* again = dynamic_cast<TLFeatureLayer*>(workspace->GetLayer(layer->GetLayerName()).get());
-    const int have = again ? again->GetDatasource()->GetFeatureCount() : 0;
+    if (!c.Expect(3, 3, "expect stored NAME N", error) || !c.Integer(2, want, error)) return false;
+    if (mSession.Dry()) return true;
+    TLFeatureLayer* found = layer(c.words[1], failure);
+    std::unique_ptr<TMWorkspace> workspace;
+    TLFeatureLayer* again = found ? reread(found, workspace, failure) : nullptr;
+    if (!again) return true;
+    const int have = again->GetDatasource()->GetFeatureCount();
     if (have != want)
-        failure = "the store holds " + std::to_string(have) + " features of " + c.words[1] +
-                  ", expected " + std::to_string(want);
+        failure = "expected " + features(want) + " of " + c.words[1] + " in the data source, got " +
+                  std::to_string(have);
     return true;
 }
 
-bool TLSessionChecks::storedFeature(const TLSessionCommand& c, std::string& failure,
-                                    std::string& error) {
-    if (!c.Expect(4, 100, "expect stored-feature LAYER ID|last WKT", error) ||
-        !TLGeometryMatch::Readable(c.Rest(3), error))
-        return false;
-    TLFeatureLayer* layer = mSession.FeatureLayer(c.words[1], error);
-    if (!layer) return false;
-    std::unique_ptr<TMWorkspace> workspace = reread(layer, error);
-    if (!workspace) return false;
-    auto* again = dynamic_cast<TLFeatureLayer*>(workspace->GetLayer(layer->GetLayerName()).get());
+bool TLSessionChecks::storedWkt(const TLSessionCommand& c, std::string& failure,
+                                std::string& error) {
     int id = 0;
-    if (!again || !featureId(*again->GetDatasource(), c.words[2], id, error)) return false;
-    const TLFeature* feature = again->GetDatasource()->PeekFeature(id);
+    double tolerance = 0;
+    if (!c.Expect(4, 5, "expect stored-wkt NAME ID|last \"WKT\" [TOL]", error) ||
+        (c.words[2] != "last" && !c.Integer(2, id, error)) ||
+        !geometryWords(c, 3, tolerance, error))
+        return false;
+    if (mSession.Dry()) return true;
+    TLFeatureLayer* found = layer(c.words[1], failure);
+    std::unique_ptr<TMWorkspace> workspace;
+    TLFeatureLayer* again = found ? reread(found, workspace, failure) : nullptr;
+    if (!again) return true;
+    const TLFeatureTable& table = *again->GetDatasource();
+    if (c.words[2] == "last" && table.GetFeatureCount() > 0) id = table.GetIds().back();
+    const TLFeature* feature = table.PeekFeature(id);
     if (!feature) {
-        failure = "the store has no feature " + std::to_string(id) + " in " + c.words[1];
+        failure = "expected " + c.words[3] + " stored as feature " + c.words[2] + " of " +
+                  c.words[1] + ", got no such feature";
         return true;
     }
-    TLGeometryMatch::Matches(feature->GetGeometry().get(), c.Rest(3), mSession.Tolerance(),
-                             failure);
+    TLGeometryMatch::Matches(feature->GetGeometry().get(), c.words[3], tolerance, failure);
     return true;
 }
 
 bool TLSessionChecks::saveError(const TLSessionCommand& c, std::string& failure,
                                 std::string& error) {
-    if (!c.Expect(3, 100, "expect save-error LAYER TEXT", error)) return false;
-    TLFeatureLayer* layer = mSession.FeatureLayer(c.words[1], error);
-    if (!layer) return false;
-    const std::string have = layer->LastSaveError().toStdString();
+    if (!c.Expect(3, 1000, "expect save-error NAME \"TEXT\"", error)) return false;
+    if (mSession.Dry()) return true;
+    TLFeatureLayer* found = layer(c.words[1], failure);
+    if (!found) return true;
+    const std::string have = found->LastSaveError().toStdString();
     const std::string want = c.Rest(2);
-    if (have.empty())
-        failure = "the last save of " + c.words[1] + " did not fail";
-    else if (have.find(want) == std::string::npos)
-        failure = "the save failed with " + quoted(have) + ", which does not say " + quoted(want);
-    return true;
-}
-
-bool TLSessionChecks::dialog(const TLSessionCommand& c, std::string& failure) {
-    const std::string want = c.Rest(1);
-    const TLModalAnswerer::Record* last = mSession.LastDialog();
-    if (!last)
-        failure = "no dialog was shown";
-    else if (last->text.find(want) == std::string::npos)
-        failure = "the last dialog said " + quoted(last->text) + ", not " + quoted(want);
+    if (have.find(want) == std::string::npos)
+        failure = "expected the last save of " + c.words[1] + " to fail saying " + inQuotes(want) +
+                  ", got " + (have.empty() ? std::string("no failure") : inQuotes(have));
     return true;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "TLSession.h"
@@ -7,50 +8,61 @@
 
 namespace TMObjects {
 
-// The expectations of a script. Each says what a user would see, and the transcript says whether
-// it held; a failed one does not stop the script.
+// The expectations of a script. Each says what a user would see; the first that does not hold
+// stops the session.
 //
-//   expect prompt TEXT                   the prompt now shown
-//   expect message TEXT                  the last line of the command history
-//   expect returned true|false           what the tool's last event entry returned
-//   expect count LAYER N                 features in the layer
-//   expect feature LAYER ID|last WKT     the feature's geometry, in the layer's coordinates,
-//                                        vertex by vertex within the tolerance
-//   expect value LAYER ID|last FIELD TEXT   a field's value as text; "(null)" for none
-//   expect undo N [LABEL]                undo steps, and the label of the next one undone
-//   expect pending LAYER N               changes not yet saved
-//   expect stored LAYER N                features of the layer in its data store, read afresh
-//   expect stored-feature LAYER ID|last WKT  a stored feature's geometry, read afresh
-//   expect save-error LAYER TEXT         the last save of the layer failed, saying TEXT
-//   expect dialog TEXT                   the text of the last dialog answered contains TEXT
+//   expect prompt|message|notice|box "T"   the prompt shown, the last history line, the last
+//                                          notice, the text of the last message box
+//   expect count NAME N                    features in the layer
+//   expect wkt NAME ID "WKT" [TOL]         a feature's geometry in the layer's coordinates,
+//                                          vertex by vertex within TOL (default 1e-6)
+//   expect last NAME "WKT" [TOL]           the same for the feature of the highest id
+//   expect attr NAME ID FIELD "VALUE"      a field's value as text; (null) for none
+//   expect selected NAME ID...             the layer's selection, exactly; no ids for none
+//   expect result true|false               what the last event's main entry returned
+//   expect undo N                          steps that undo can take back
+//   expect op "LABEL"                      the label of the last operation committed
+//   expect widget OBJECT "T"               what a widget of a dialog on screen shows
+//   expect failure "T"                     the last event failed and the host caught it; T is
+//                                          part of what was caught. Without this line straight
+//                                          after it, a caught failure stops the session
+//   expect pending NAME N                  changes of the layer not yet saved
+//   expect stored NAME N                   features of the layer in its data source, read afresh
+//   expect stored-wkt NAME ID|last "WKT" [TOL]   a feature's geometry there
+//   expect save-error NAME "T"             the last save of the layer failed, saying T
 class TLSessionChecks {
 public:
     explicit TLSessionChecks(TLSession& session) : mSession(session) {}
 
-    // True when the expectation could be judged, whether it held or not (the transcript has the
-    // verdict). False with the reason when it makes no sense (an unknown layer, a bad number).
-    bool Run(const TLSessionCommand& command, std::string& error);
+    // False with the reason when the expectation makes no sense (a bad number, an unreadable
+    // geometry). Otherwise true, and `failure` says "expected ..., got ..." when it did not hold.
+    bool Run(const TLSessionCommand& command, std::string& failure, std::string& error);
 
 private:
-    // Each gives the verdict through `failure`: empty when the expectation held.
-    bool prompt(const TLSessionCommand& c, std::string& failure);
-    bool message(const TLSessionCommand& c, std::string& failure);
-    bool returned(const TLSessionCommand& c, std::string& failure, std::string& error);
+    bool text(const TLSessionCommand& c, std::string& failure, std::string& error);
     bool count(const TLSessionCommand& c, std::string& failure, std::string& error);
-    bool feature(const TLSessionCommand& c, std::string& failure, std::string& error);
-    bool value(const TLSessionCommand& c, std::string& failure, std::string& error);
+    bool wkt(const TLSessionCommand& c, std::string& failure, std::string& error);
+    bool attr(const TLSessionCommand& c, std::string& failure, std::string& error);
+    bool selected(const TLSessionCommand& c, std::string& failure, std::string& error);
+    bool result(const TLSessionCommand& c, std::string& failure, std::string& error);
+    bool caught(const TLSessionCommand& c, std::string& failure, std::string& error);
     bool undo(const TLSessionCommand& c, std::string& failure, std::string& error);
+    bool op(const TLSessionCommand& c, std::string& failure, std::string& error);
+    bool widget(const TLSessionCommand& c, std::string& failure, std::string& error);
     bool pending(const TLSessionCommand& c, std::string& failure, std::string& error);
     bool stored(const TLSessionCommand& c, std::string& failure, std::string& error);
-    bool storedFeature(const TLSessionCommand& c, std::string& failure, std::string& error);
+    bool storedWkt(const TLSessionCommand& c, std::string& failure, std::string& error);
     bool saveError(const TLSessionCommand& c, std::string& failure, std::string& error);
-    bool dialog(const TLSessionCommand& c, std::string& failure);
 
-    // The feature `word` names in the table: an id or "last", the highest id.
-    static bool featureId(const TLFeatureTable& table, const std::string& word, int& id,
-                          std::string& error);
-    // The layer as its data store has it now, read anew.
-    std::unique_ptr<TMWorkspace> reread(TLFeatureLayer* layer, std::string& error) const;
+    // The layer named, or null with the failure: a layer the script expects may be one a tool
+    // was to make.
+    TLFeatureLayer* layer(const std::string& name, std::string& failure) const;
+    // The geometry expectation's WKT and tolerance, from the word at `at` on.
+    static bool geometryWords(const TLSessionCommand& c, std::size_t at, double& tolerance,
+                              std::string& error);
+    // The layer as its data source has it now, read anew.
+    TLFeatureLayer* reread(TLFeatureLayer* layer, std::unique_ptr<TMWorkspace>& workspace,
+                           std::string& failure) const;
 
     TLSession& mSession;
 };

@@ -1,7 +1,7 @@
 #include "TLSessionScript.h"
 
+#include <charconv>
 #include <cmath>
-#include <cstdlib>
 #include <fstream>
 #include <sstream>
 
@@ -20,7 +20,7 @@ bool blank(char c) {
     return c == ' ' || c == '\t';
 }
 
-// Reads the quoted word that begins at `at`; `at` ends after the closing quote.
+// Reads the quoted stretch that begins at `at` into `word`; `at` ends after the closing quote.
 bool quoted(const std::string& text, std::size_t& at, std::string& word) {
     for (++at; at < text.size(); ++at) {
         const char c = text[at];
@@ -38,20 +38,51 @@ bool quoted(const std::string& text, std::size_t& at, std::string& word) {
     return false;
 }
 
+// Whether the bytes are well-formed UTF-8: texts go to the tools as wide strings, and a broken
+// sequence would reach them as something the script never said.
+bool validUtf8(const std::string& text) {
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const auto lead = static_cast<unsigned char>(text[i]);
+        const std::size_t follow = lead < 0x80             ? 0
+                                   : (lead & 0xE0) == 0xC0 ? 1
+                                   : (lead & 0xF0) == 0xE0 ? 2
+                                   : (lead & 0xF8) == 0xF0 ? 3
+                                                           : 4;
+        if (follow == 4 || i + follow >= text.size()) return false;
+        for (std::size_t k = 0; k < follow; ++k)
+            if ((static_cast<unsigned char>(text[++i]) & 0xC0) != 0x80) return false;
+    }
+    return true;
+}
+
+std::string quote(const std::string& word) {
+    if (!word.empty() && word.find_first_of(" \t\"\\") == std::string::npos) return word;
+    std::string text = "\"";
+    for (char c : word) {
+        if (c == '"' || c == '\\') text += '\\';
+        text += c;
+    }
+    return text + "\"";
+}
+
 }  // namespace
 
 std::string TLSessionCommand::Rest(std::size_t skip) const {
     if (skip >= words.size()) return std::string();
     const std::string rest = trimmed(text.substr(starts[skip]));
-    if (!rest.empty() && rest[0] == '"' && skip + 1 == words.size()) return words[skip];
+    if (!rest.empty() && rest[0] == '"' && skip + 1 == words.size() && rest.back() == '"')
+        return words[skip];
     return rest;
 }
 
 bool TLSessionCommand::Number(std::size_t index, double& value, std::string& error) const {
     const std::string& word = index < words.size() ? words[index] : std::string();
-    char* end = nullptr;
-    value = std::strtod(word.c_str(), &end);
-    if (word.empty() || *end != '\0' || !std::isfinite(value)) {
+    // Read without regard to the locale, which the toolkit sets from the environment.
+    const char* begin = word.data();
+    const char* end = word.data() + word.size();
+    if (begin != end && *begin == '+') ++begin;
+    const auto [stop, failed] = std::from_chars(begin, end, value);
+    if (word.empty() || failed != std::errc() || stop != end || !std::isfinite(value)) {
         error = "\"" + word + "\" is no number";
         return false;
     }
@@ -86,11 +117,21 @@ bool TLSessionCommand::Expect(std::size_t least, std::size_t most, const char* u
     return false;
 }
 
+bool TLSessionCommand::Choice(std::size_t index, const char* choices, const char* usage,
+                              std::string& error) const {
+    const std::string word = index < words.size() ? words[index] : std::string();
+    std::istringstream list(choices);
+    for (std::string choice; std::getline(list, choice, '|');)
+        if (word == choice) return true;
+    error = std::string("usage: ") + usage;
+    return false;
+}
+
 bool TLSessionScript::Load(const std::string& path, std::string& error) {
     mPath = path;
-    std::ifstream in(path);
+    std::ifstream in(path, std::ios::binary);
     if (!in) {
-        error = "cannot read the script " + path;
+        error = path + ": cannot read the script";
         return false;
     }
     std::ostringstream text;
@@ -107,6 +148,12 @@ bool TLSessionScript::Parse(const std::string& text, std::string& error) {
     std::istringstream lines(text);
     std::string raw;
     for (int number = 1; std::getline(lines, raw); ++number) {
+        // A byte order mark some editors write is no part of the first command.
+        if (number == 1 && raw.compare(0, 3, "\xEF\xBB\xBF") == 0) raw.erase(0, 3);
+        if (!validUtf8(raw)) {
+            error = std::to_string(number) + ": the line is not UTF-8 text";
+            return false;
+        }
         const std::string line = trimmed(raw);
         if (line.empty()) continue;
         TLSessionCommand command;
@@ -126,6 +173,26 @@ bool TLSessionScript::Parse(const std::string& text, std::string& error) {
     return true;
 }
 
+void TLSessionScript::Prepend(const std::vector<TLSessionCommand>& commands) {
+    mCommands.insert(mCommands.begin(), commands.begin(), commands.end());
+}
+
+TLSessionCommand TLSessionScript::Make(int line, const std::vector<std::string>& words) {
+    TLSessionCommand command;
+    command.line = line;
+    for (const std::string& word : words) {
+        if (!command.text.empty()) command.text += ' ';
+        command.starts.push_back(command.text.size());
+        command.text += quote(word);
+    }
+    command.verb = words.empty() ? std::string() : words.front();
+    if (!words.empty()) {
+        command.words.assign(words.begin() + 1, words.end());
+        command.starts.erase(command.starts.begin());
+    }
+    return command;
+}
+
 bool TLSessionScript::split(TLSessionCommand& command, std::string& error) {
     const std::string& text = command.text;
     std::vector<std::string> words;
@@ -136,13 +203,13 @@ bool TLSessionScript::split(TLSessionCommand& command, std::string& error) {
         if (at >= text.size()) break;
         starts.push_back(at);
         std::string word;
-        if (text[at] == '"') {
-            if (!quoted(text, at, word)) {
+        while (at < text.size() && !blank(text[at])) {
+            if (text[at] != '"') {
+                word += text[at++];
+            } else if (!quoted(text, at, word)) {
                 error = "a quote is not closed";
                 return false;
             }
-        } else {
-            while (at < text.size() && !blank(text[at])) word += text[at++];
         }
         words.push_back(word);
     }

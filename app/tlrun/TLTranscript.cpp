@@ -28,6 +28,10 @@ std::string hostKind(TLHostEvent::Kind kind) {
     return "event";
 }
 
+std::string valueText(const TLVariant& value) {
+    return value.IsNull() ? std::string("(null)") : value.ToString().toStdString();
+}
+
 }  // namespace
 
 std::string TLTranscript::OneLine(const std::string& text) const {
@@ -64,21 +68,21 @@ void TLTranscript::Ok() {
     if (!mMuted) mOut << "  ok\n";
 }
 
-void TLTranscript::Fail(int line, const std::string& what) {
-    ++mFailures;
-    mOut << "  FAIL line " << line << ": " << OneLine(what) << "\n";
+void TLTranscript::Fail(const std::string& what) {
+    mOut << "  FAIL " << OneLine(what) << "\n";
 }
 
-void TLTranscript::Error(int line, const std::string& what) {
-    // Line 0 is the session itself, before any command: the plugin did not load.
-    mOut << "  ERROR";
-    if (line > 0) mOut << " line " << line;
-    mOut << ": " << OneLine(what) << "\n";
+void TLTranscript::Error(const std::string& what) {
+    mOut << "  ERROR " << OneLine(what) << "\n";
 }
 
-void TLTranscript::Summary(int commands, int expectations) {
-    mOut << "= " << commands << " commands, " << expectations << " expectations, " << mFailures
-         << " failed\n";
+void TLTranscript::Summary(int commands, int expectations, const std::string& stop) {
+    mOut << "= " << commands << (commands == 1 ? " command, " : " commands, ") << expectations
+         << (expectations == 1 ? " expectation" : " expectations");
+    if (stop.empty())
+        mOut << ", all held\n";
+    else
+        mOut << "; " << OneLine(stop) << "\n";
     mOut.flush();
 }
 
@@ -93,46 +97,82 @@ void TLTranscript::HostEvent(const TLHostEvent& event) {
 }
 
 void TLTranscript::Dialog(const TLModalAnswerer::Record& record) {
-    std::string text = record.kind + " \"" + record.title + "\"";
+    const bool box = record.kind == "message box";
+    std::string text = box ? std::string() : record.kind + " ";
+    text += "\"" + record.title + "\"";
     if (!record.text.empty()) text += ": " + record.text;
     text += " -> " + record.answer;
     if (!record.queued) text += " (nothing queued)";
-    if (!record.matched) {
-        text += " (the queued answer fits no button)";
-        CountFailure();
+    if (!record.matched) text += " (the queued answer fits no button)";
+    Event(box ? "box" : "dialog", text);
+}
+
+TLTranscript::Seen TLTranscript::look(const TLFeature& feature) {
+    Seen seen;
+    seen.wkt = feature.GetGeometry() ? TLGeometryWkt::ToWkt(feature.GetGeometry().get())
+                                     : std::string("(no geometry)");
+    for (const auto& [name, value] : feature.Values())
+        seen.values[name.toStdString()] = valueText(value);
+    return seen;
+}
+
+std::string TLTranscript::differences(const Seen& before, const Seen& now) {
+    std::string text;
+    for (const auto& [name, value] : now.values) {
+        auto was = before.values.find(name);
+        if (was != before.values.end() && was->second == value) continue;
+        text += (text.empty() ? "" : " ") + name + "=" + value;
     }
-    Event("dialog", text);
+    return text;
+}
+
+void TLTranscript::Remember(TLFeatureTable* table) {
+    for (int id : table->GetIds()) Remember(table, id);
+}
+
+void TLTranscript::Remember(TLFeatureTable* table, int id) {
+    if (const TLFeature* feature = table->PeekFeature(id)) mSeen[table][id] = look(*feature);
+}
+
+void TLTranscript::Forget(TLFeatureTable* table) {
+    mSeen.erase(table);
 }
 
 void TLTranscript::OnFeatureChanged(TLFeatureTable* table, Change change, int id) {
-    std::string text = table->GetName().toStdString() + " " + std::to_string(id);
+    const std::string name = table->GetName().toStdString() + " " + std::to_string(id);
+    std::map<int, Seen>& seen = mSeen[table];
     const TLFeature* feature = table->PeekFeature(id);
-    const std::string wkt = feature && feature->GetGeometry()
-                                ? TLGeometryWkt::ToWkt(feature->GetGeometry().get())
-                                : std::string("(no geometry)");
-    switch (change) {
-        case Added:
-            text += " added " + wkt;
-            break;
-        case Deleted:
-            text += " deleted";
-            break;
-        case GeometryChanged:
-            text += " reshaped " + wkt;
-            break;
-        case AttributesChanged:
-            text += " attributes changed";
-            break;
+    if (change == Deleted || !feature) {
+        auto was = seen.find(id);
+        Event("feature", "deleted " + name + " " +
+                             (was == seen.end() ? std::string("(never seen)") : was->second.wkt));
+        seen.erase(id);
+        return;
     }
-    Event("feature", text);
+    const Seen now = look(*feature);
+    auto was = seen.find(id);
+    if (change == Added || was == seen.end()) {
+        Event("feature", "added " + name + " " + now.wkt);
+    } else if (change == GeometryChanged) {
+        // Undo puts a feature back whole and tells of both parts; only what differs is news.
+        if (now.wkt != was->second.wkt) Event("feature", "reshaped " + name + " " + now.wkt);
+    } else {
+        const std::string changed = differences(was->second, now);
+        if (!changed.empty()) Event("feature", "changed " + name + " " + changed);
+    }
+    seen[id] = now;
+}
+
+void TLTranscript::OnOperationStarted(const TLString& label) {
+    Event("operation", "start " + label.toStdString());
 }
 
 void TLTranscript::OnOperationCommitted(const TLString& label) {
-    Event("operation", label.toStdString());
+    Event("operation", "commit " + label.toStdString());
 }
 
 void TLTranscript::OnOperationAborted(const TLString& label) {
-    Event("aborted", label.toStdString());
+    Event("operation", "abort " + label.toStdString());
 }
 
 void TLTranscript::OnUndo(const TLString& label) {

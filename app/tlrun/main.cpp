@@ -1,12 +1,17 @@
-// tlrun: runs session scripts of the plugin's tools on an open host without a window, and writes
-// what the user would have seen as a transcript.
+// tlrun: runs a session script of the plugin's tools on an open host without a window, and
+// writes what the user would have seen as a transcript on the standard output.
 //
-//   tlrun [--workdir DIR] [--plugin LIBRARY] SCRIPT.tls
+//   tlrun [--plugin LIBRARY] [--workdir DIR] SCRIPT.tls [DATA ...]
 //   tlrun make-demo FILE.gpkg
 //
-// Exit status: 0 every expectation held, 1 something failed, 2 the session could not run.
+// DATA are data sources opened before the script's first command. Paths in the script are taken
+// from DIR (the working directory when not given).
+// Exit status: 0 every expectation held; 1 one did not (or a tool failed), and the session stopped
+// there, saying "FILE:LINE: expected ..., got ..." on the standard error; 2 the script or its
+// arguments are wrong ("FILE:LINE: ..."), found before any event ran and anything was written.
 
 #include <QApplication>
+#include <clocale>
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
@@ -20,8 +25,15 @@ namespace {
 
 namespace fs = std::filesystem;
 
+struct Arguments {
+    std::string workdir = ".";
+    std::string plugin = TMObjects::TLPluginLoader::DefaultPluginPath();
+    std::string script;
+    std::vector<std::string> data;
+};
+
 int usage() {
-    std::cerr << "usage: tlrun [--workdir DIR] [--plugin LIBRARY] SCRIPT.tls\n"
+    std::cerr << "usage: tlrun [--plugin LIBRARY] [--workdir DIR] SCRIPT.tls [DATA ...]\n"
                  "       tlrun make-demo FILE.gpkg\n";
     return 2;
 }
@@ -49,41 +61,52 @@ int makeDemo(const std::string& file) {
     return 0;
 }
 
+bool parse(int argc, char** argv, Arguments& a) {
+    for (int i = 1; i < argc; ++i) {
+        const std::string arg = argv[i];
+        if ((arg == "--workdir" || arg == "--plugin") && i + 1 < argc)
+            (arg == "--workdir" ? a.workdir : a.plugin) = argv[++i];
+        else if (!arg.empty() && arg[0] == '-')
+            return false;
+        else if (a.script.empty())
+            a.script = arg;
+        else
+            a.data.push_back(fs::absolute(arg).string());
+    }
+    return !a.script.empty();
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     chooseHeadlessPlatform();
+    if (argc == 3 && std::string(argv[1]) == "make-demo") return makeDemo(argv[2]);
+    Arguments arguments;
+    if (!parse(argc, argv, arguments)) return usage();
     // The toolkit takes options of its own from the command line ("-plugin" among them): it is
     // given the program's name only, and the arguments stay the runner's.
     int toolkitArgc = 1;
     QApplication application(toolkitArgc, argv);
-    std::string workdir = ".", plugin = TMObjects::TLPluginLoader::DefaultPluginPath(), script;
-    for (int i = 1; i < argc; ++i) {
-        const std::string arg = argv[i];
-        if (arg == "make-demo" && i + 2 == argc) return makeDemo(argv[i + 1]);
-        if (arg == "--workdir" && i + 1 < argc)
-            workdir = argv[++i];
-        else if (arg == "--plugin" && i + 1 < argc)
-            plugin = argv[++i];
-        else if (script.empty() && arg[0] != '-')
-            script = arg;
-        else
-            return usage();
-    }
-    if (script.empty()) return usage();
-    TMObjects::TLSessionScript session;
+    // The toolkit sets the locale from the environment; numbers in scripts, WKT and transcripts
+    // are written with a point whatever the user's locale.
+    std::setlocale(LC_NUMERIC, "C");
+    TMObjects::TLSessionScript script;
     std::string error;
-    if (!session.Load(script, error)) {
-        std::cerr << "tlrun: " << error << "\n";
+    if (!script.Load(arguments.script, error)) {
+        std::cerr << error << "\n";
         return 2;
     }
-    const fs::path folder = absoluteFolder(workdir);
+    std::vector<TMObjects::TLSessionCommand> opens;
+    for (const std::string& data : arguments.data)
+        opens.push_back(TMObjects::TLSessionScript::Make(0, {"open", data}));
+    script.Prepend(opens);
+    const fs::path folder = absoluteFolder(arguments.workdir);
     std::error_code failed;
     fs::create_directories(folder, failed);
     if (failed) {
         std::cerr << "tlrun: cannot make the working folder " << folder << "\n";
         return 2;
     }
-    TMObjects::TLSessionRunner runner(std::cout, folder, plugin);
-    return runner.Run(session);
+    TMObjects::TLSessionRunner runner(std::cout, std::cerr, folder, arguments.plugin);
+    return runner.Run(script);
 }

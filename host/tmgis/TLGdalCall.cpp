@@ -3,6 +3,7 @@
 #include <gdal.h>
 
 #include <mutex>
+#include <string>
 
 namespace TMObjects {
 
@@ -33,10 +34,13 @@ std::string TLGdalCall::Reason(const std::string& fallback) const {
 void CPL_STDCALL TLGdalCall::collect(CPLErr level, CPLErrorNum, const char* message) {
     auto* self = static_cast<TLGdalCall*>(CPLGetErrorHandlerUserData());
     if (!self || !message) return;
+    // Callers end the sentence themselves: GDAL's own full stop would make two.
+    std::string text(message);
+    while (!text.empty() && (text.back() == '.' || text.back() == ' ')) text.pop_back();
     if (level == CE_Failure || level == CE_Fatal)
-        self->mFailures.emplace_back(message);
+        self->mFailures.push_back(text);
     else if (level == CE_Warning)
-        self->mWarnings.emplace_back(message);
+        self->mWarnings.push_back(text);
 }
 
 }  // namespace TMObjects

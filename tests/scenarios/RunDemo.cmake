@@ -1,7 +1,11 @@
-# Plays the demo sessions (SESSIONS/*.tls, in name order) with tlrun in one fresh working folder;
-# every one must end with exit status 0.
+# Plays the demo sessions (SESSIONS/*.tls, in name order) with tlrun in one fresh working folder
+# on fresh demo data, as scripts/demo does; every one must end with exit status 0.
 file(REMOVE_RECURSE ${WORKDIR})
 file(MAKE_DIRECTORY ${WORKDIR})
+execute_process(COMMAND ${TLRUN} make-demo ${WORKDIR}/demo.gpkg RESULT_VARIABLE made OUTPUT_QUIET)
+if(NOT made EQUAL 0)
+  message(FATAL_ERROR "the demo data could not be written")
+endif()
 file(GLOB sessions ${SESSIONS}/*.tls)
 list(SORT sessions)
 foreach(session ${sessions})
@@ -9,6 +13,6 @@ foreach(session ${sessions})
     RESULT_VARIABLE status OUTPUT_VARIABLE transcript ERROR_VARIABLE errors)
   message("${transcript}")
   if(NOT status EQUAL 0)
-    message(FATAL_ERROR "${session} ended with ${status}")
+    message(FATAL_ERROR "${session} ended with ${status}: ${errors}")
   endif()
 endforeach()

@@ -1,8 +1,39 @@
-# Plays one session script with tlrun and checks its exit status and transcript against the
-# script's "# exit:" and "# output:" lines. Called by ctest with TLRUN, SCRIPT and WORKDIR.
+# Plays one session script with tlrun in a fresh working folder and checks how it ended against
+# the script's own comment lines:
+#   # exit: N          the exit status (0 when not given)
+#   # output: REGEX    a CMake regular expression the transcript must match (any number of them)
+#   # error: REGEX     one the standard error must match (any number of them)
+#   # data: FILE       a demo GeoPackage written at FILE in the working folder before the run
+#   # untouched: FILE  FILE must be byte for byte what it was before the run
+#   # arguments: FILE  data named after the script on tlrun's command line, in the working folder
+# Called by ctest with TLRUN, SCRIPT and WORKDIR.
 file(REMOVE_RECURSE ${WORKDIR})
 file(MAKE_DIRECTORY ${WORKDIR})
-execute_process(COMMAND ${TLRUN} --workdir ${WORKDIR} ${SCRIPT}
+
+file(STRINGS ${SCRIPT} data REGEX "^# data: ")
+foreach(line ${data})
+  string(REGEX REPLACE "^# data: " "" file "${line}")
+  execute_process(COMMAND ${TLRUN} make-demo ${WORKDIR}/${file} RESULT_VARIABLE made
+    OUTPUT_QUIET)
+  if(NOT made EQUAL 0)
+    message(FATAL_ERROR "the demo data ${file} could not be written")
+  endif()
+endforeach()
+
+file(STRINGS ${SCRIPT} untouched REGEX "^# untouched: ")
+foreach(line ${untouched})
+  string(REGEX REPLACE "^# untouched: " "" file "${line}")
+  file(SHA256 ${WORKDIR}/${file} before_${file})
+endforeach()
+
+set(arguments)
+file(STRINGS ${SCRIPT} named REGEX "^# arguments: ")
+foreach(line ${named})
+  string(REGEX REPLACE "^# arguments: " "" file "${line}")
+  list(APPEND arguments ${WORKDIR}/${file})
+endforeach()
+
+execute_process(COMMAND ${TLRUN} --workdir ${WORKDIR} ${SCRIPT} ${arguments}
   RESULT_VARIABLE status OUTPUT_VARIABLE transcript ERROR_VARIABLE errors)
 message("${transcript}")
 if(errors)
@@ -26,5 +57,20 @@ foreach(line ${outputs})
   string(REGEX REPLACE "^# output: " "" pattern "${line}")
   if(NOT said MATCHES "${pattern}")
     message(FATAL_ERROR "the transcript does not show: ${pattern}")
+  endif()
+endforeach()
+file(STRINGS ${SCRIPT} complaints REGEX "^# error: ")
+foreach(line ${complaints})
+  string(REGEX REPLACE "^# error: " "" pattern "${line}")
+  if(NOT errors MATCHES "${pattern}")
+    message(FATAL_ERROR "the standard error does not say: ${pattern}")
+  endif()
+endforeach()
+
+foreach(line ${untouched})
+  string(REGEX REPLACE "^# untouched: " "" file "${line}")
+  file(SHA256 ${WORKDIR}/${file} after)
+  if(NOT after STREQUAL before_${file})
+    message(FATAL_ERROR "${file} was changed")
   endif()
 endforeach()

@@ -165,6 +165,18 @@ private Q_SLOTS:
             QVERIFY(window->Canvas()->rect().contains(corner));
     }
 
+    void zoomToLayerFillsTheViewWithTheCurrentLayer() {
+        window->Layers()->setCurrentItem(window->Layers()->ItemOf(layer("parcels")));
+        QAction* zoom = menuAction("&View", "Zoom to &Layer");
+        QVERIFY(zoom);
+        zoom->trigger();
+        const QRect shown = window->Canvas()->rect();
+        const QPoint low = deviceOf(300, 600), high = deviceOf(450, 750);
+        QVERIFY(shown.contains(low) && shown.contains(high));
+        QVERIFY(low.y() - high.y() > shown.height() * 0.8);
+        QVERIFY(!shown.contains(deviceOf(200, 200)));
+    }
+
     void aRasterIsDrawnInGreyBeneathTheVectors() {
         QVERIFY(window->OpenData(ShellTestData::WriteRaster(folder->path())));
         TLLayerPanel* panel = window->Layers();

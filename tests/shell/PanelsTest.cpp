@@ -5,8 +5,10 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPlainTextEdit>
 #include <QStatusBar>
 #include <QTest>
+#include <QTextCursor>
 
 #include "ShellFixture.h"
 #include "TLCommandWindow.h"
@@ -186,6 +188,22 @@ private Q_SLOTS:
         QCOMPARE(QWidget::find(WId(buddy->MainWindowId())), static_cast<QWidget*>(window.get()));
         buddy->SetPrompt(TLString("Specify the first point:"));
         QCOMPARE(prompt(), QString("Specify the first point:"));
+    }
+
+    void theLastHistoryLineStaysInSightWhenALongPromptWraps() {
+        tickLayerBox("roads", TLLayerPanel::EditingColumn, true);
+        pickFromPalette("TLCmdDigitizeLine");
+        clickCanvas(deviceOf(150, 400));
+        clickCanvas(deviceOf(450, 400));
+        // After two vertices the line command's menu of sub-commands wraps over four lines and
+        // the history gives up most of its height.
+        QVERIFY(prompt().startsWith("Offset coordinate(OF)"));
+        QCoreApplication::processEvents();
+        QPlainTextEdit* shown = window->Commands()->HistoryView();
+        QTextCursor end(shown->document());
+        end.movePosition(QTextCursor::End);
+        QCOMPARE(history().back(), QString("Command:Drawing Line"));
+        QVERIFY(shown->viewport()->rect().contains(shown->cursorRect(end)));
     }
 
     void aLineTypedWithNoCommandWaitingIsNotLost() {

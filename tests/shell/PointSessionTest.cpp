@@ -1,5 +1,6 @@
-// The point command as a cartographer uses it in the shell: picked from the palette, a press on
-// the map, undo from the Edit menu, a coordinate pair typed into the command window.
+// The point command as a cartographer uses it in the shell, on the demo data the shell starts
+// on: picked from the palette, a press on the map, undo from the Edit menu, a coordinate pair
+// typed into the command window.
 
 #include <QAction>
 #include <QLineEdit>
@@ -37,7 +38,7 @@ class PointSessionTest : public ShellFixture {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { openShell(); }
+    void init() { openDemoShell(); }
     void cleanup() { closeShell(); }
 
     void pressOnTheMapAddsAPointThatUndoTakesBack() {
@@ -48,7 +49,8 @@ private Q_SLOTS:
         QCOMPARE(history(), (QStringList{kInputLayer, kCommand}));
         QCOMPARE(prompt(), QString(kPrompt));
 
-        const QPoint at = deviceOf(650, 420);
+        // Clear of every feature, so that nothing is snapped to.
+        const QPoint at = deviceOf(500520, 5000460);
         clickCanvas(at);
         QCOMPARE(wells->GetDatasource()->GetFeatureCount(), 4);
         const QPointF added = pointsOf(wells).back();
@@ -72,10 +74,10 @@ private Q_SLOTS:
 
     void aTypedCoordinatePairAddsThatPoint() {
         pickFromPalette("TLCmdDigitizePoint");
-        typeLine("250.5,730");
+        typeLine("500250.5,5000073");
         TLFeatureLayer* wells = layer("wells");
         QCOMPARE(wells->GetDatasource()->GetFeatureCount(), 4);
-        QCOMPARE(pointsOf(wells).back(), QPointF(250.5, 730));
+        QCOMPARE(pointsOf(wells).back(), QPointF(500250.5, 5000073));
         QCOMPARE(history().back(), QString(kCommand));
         QVERIFY(window->Commands()->Input()->text().isEmpty());
         window->UndoAction()->trigger();
@@ -95,10 +97,10 @@ private Q_SLOTS:
     void typingOverTheMapGoesToTheCommandLine() {
         pickFromPalette("TLCmdDigitizePoint");
         window->Canvas()->setFocus();
-        QTest::keyClicks(window->Canvas(), "12,34");
-        QCOMPARE(window->Commands()->Input()->text(), QString("12,34"));
+        QTest::keyClicks(window->Canvas(), "500012,5000034");
+        QCOMPARE(window->Commands()->Input()->text(), QString("500012,5000034"));
         QTest::keyClick(window->Commands()->Input(), Qt::Key_Return);
-        QCOMPARE(pointsOf(layer("wells")).back(), QPointF(12, 34));
+        QCOMPARE(pointsOf(layer("wells")).back(), QPointF(500012, 5000034));
     }
 };
 

@@ -8,7 +8,7 @@
 #include <QTest>
 
 #include "ShellFixture.h"
-#include "ShellTestData.h"
+#include "TLDemoData.h"
 
 namespace TMObjects {
 
@@ -19,8 +19,9 @@ private Q_SLOTS:
     void withoutArgumentsTheDemoIsOpened() {
         QTemporaryDir folder;
         QVERIFY(QDir(folder.path()).mkdir("demo"));
-        const QString written = ShellTestData::WriteGeoPackage(folder.path() + "/demo");
-        QVERIFY(QFile::rename(written, folder.path() + "/demo/demo.gpkg"));
+        std::string error;
+        QVERIFY2(TLDemoData::Write((folder.path() + "/demo/demo.gpkg").toStdString(), error),
+                 error.c_str());
         const QString shot = folder.path() + "/shot.png";
 
         QProcess program;

@@ -3,12 +3,15 @@
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
 #include <QMouseEvent>
 #include <QTest>
 #include <QTreeWidget>
 
 #include "ShellTestData.h"
 #include "TLCommandWindow.h"
+#include "TLDemoData.h"
 #include "TLLayerPanel.h"
 #include "TLMapCanvas.h"
 #include "TLShellDocument.h"
@@ -33,6 +36,19 @@ void ShellFixture::openShell() {
     QVERIFY(folder->isValid());
     dataPath = ShellTestData::WriteGeoPackage(folder->path());
     QVERIFY(!dataPath.isEmpty());
+    showWindowOnData();
+}
+
+void ShellFixture::openDemoShell() {
+    folder = std::make_unique<QTemporaryDir>();
+    QVERIFY(folder->isValid());
+    dataPath = folder->filePath("demo.gpkg");
+    std::string error;
+    QVERIFY2(TLDemoData::Write(dataPath.toStdString(), error), error.c_str());
+    showWindowOnData();
+}
+
+void ShellFixture::showWindowOnData() {
     window = std::make_unique<TLShellWindow>();
     window->resize(1100, 760);
     window->show();
@@ -98,6 +114,14 @@ void ShellFixture::tickLayerBox(const char* layerName, int column, bool checked)
     QTreeWidgetItem* item = panel->ItemOf(layer(layerName));
     QVERIFY2(item, layerName);
     item->setCheckState(column, checked ? Qt::Checked : Qt::Unchecked);
+}
+
+QAction* ShellFixture::menuAction(const QString& menu, const QString& item) const {
+    for (QAction* top : window->menuBar()->actions())
+        if (top->text() == menu && top->menu())
+            for (QAction* action : top->menu()->actions())
+                if (action->text() == item) return action;
+    return nullptr;
 }
 
 QStringList ShellFixture::history() const {

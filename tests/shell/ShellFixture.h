@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QAction>
 #include <QColor>
 #include <QImage>
 #include <QObject>
@@ -29,7 +30,10 @@ class ShellFixture : public QObject {
 protected:
     // A shown window on a new GeoPackage (see ShellTestData), tool-less.
     void openShell();
+    // The same on a new copy of the demo GeoPackage that the programs start on (see TLDemoData).
+    void openDemoShell();
     void closeShell();
+    void showWindowOnData();
 
     TLFeatureLayer* layer(const char* name) const;
     // The canvas pixel of a map point.
@@ -46,6 +50,9 @@ protected:
     void typeLine(const QString& text);
     // Ticks or unticks a box of the layer panel as a click on it would.
     void tickLayerBox(const char* layerName, int column, bool checked);
+
+    // The action of a menu of the menu bar, by the texts a user reads ("&Edit", "&Undo").
+    QAction* menuAction(const QString& menu, const QString& item) const;
 
     QStringList history() const;
     QString prompt() const;

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+
+class QWidget;
+
+namespace TMObjects {
+
+// Acts on the widgets of the dialogs that are on screen as a user would: finds a widget by its
+// object name (mLineEdit..., mPushButton...), types a value into it or picks it, clicks a button,
+// and reads what it shows. Modal dialogs are answered by TLModalAnswerer instead; this is for the
+// dialogs that tools keep open beside the map. Needs a QApplication.
+class TLDialogDriver {
+public:
+    // The visible widget of that object name, in the windows on screen; null with the reason when
+    // there is none.
+    static QWidget* Find(const std::string& objectName, std::string& error);
+    // Gives the widget a value as typing or picking would, so that the dialog hears of it: the
+    // text of a line edit or text box, the entry of a combo box, the number of a spin box, "on" or
+    // "off" of a check box or radio button. False with the reason when the widget takes no value
+    // or not this one.
+    static bool Set(QWidget* widget, const std::string& value, std::string& error);
+    // Clicks a button. False with the reason for a widget that is no button or is disabled.
+    static bool Click(QWidget* widget, std::string& error);
+    // What the widget shows: its text (a button's without the mnemonic's "&"), the entry picked,
+    // the number, "on" or "off".
+    static std::string Text(QWidget* widget);
+};
+
+}  // namespace TMObjects

@@ -1,0 +1,123 @@
+#include "hostkit/TLToolTable.h"
+
+#include <string>
+#include <typeinfo>
+
+#include "tlmap/TLCMDPool.h"
+#include "tlmap/TLTool.h"
+
+namespace TMObjects {
+
+const std::vector<TLToolTable::Entry>& TLToolTable::Entries() {
+    static const std::vector<Entry> entries = {
+        {"TLToolMeasureAngle", nullptr, "Measurement", NotBuilt},
+        {"TLToolMeasureArea", nullptr, "Measurement", NotBuilt},
+        {"TLToolMeasureGirth", nullptr, "Measurement", NotBuilt},
+        {"TLToolMeasureLine", nullptr, "Measurement", NotBuilt},
+        {"TLToolEditPoint", nullptr, "Feature editing", NotBuilt},
+        {"TLToolEditLine", nullptr, "Feature editing", NotBuilt},
+        {"TLToolCollectCut", "Trimline", "Feature editing", NotBuilt},
+        {"TLToolExtension", "Extension", "Feature editing", NotBuilt},
+        {"TLToolInterrupt", "Interrupt", "Feature editing", NotBuilt},
+        {"TLCmdDigitizeLine", "DigitizeLine", "Digitizing", Built},
+        {"TLCmdDigitizePoint", "DigitizePoint", "Digitizing", Built},
+        {"TLCmdDigitizePolygon", "DigitizePolygon", "Digitizing", Built},
+        {"TLCmdDigitizeCompoundGraphics", "DigitizeCompoundGraphics", "Digitizing", NoBehaviour},
+        {"TLCmdDigitizeFreehandRectangle", "DigitizeFreehandRectangle", "Digitizing", Built},
+        {"TLCmdDigitizeRectangle", "DigitizeRectangle", "Digitizing", Built},
+        {"TLCmdDigitizeRegularPolygon", "DigitizeRegularPolygon", "Digitizing", Built},
+        {"TLCmdDigitizeSquare", "DigitizeSquare", "Digitizing", Built},
+        {"TLCmdDigitizeRightDoubleLine", "DigitizeRightDoubleLine", "Curves and parallel lines",
+         NotBuilt},
+        {"TLCmdDigitizeLeftDoubleLine", "DigitizeLeftDoubleLine", "Curves and parallel lines",
+         NotBuilt},
+        {"TLCmdDigitizeTripleParallelLine", "DigitizeTripleParallelLine",
+         "Curves and parallel lines", NoBehaviour},
+        {"TLCmdDigitizeArc", "DigitizeArc", "Curves and parallel lines", NotBuilt},
+        {"TLCmdDigitizeArrow", "DigitizeArrow", "Plotted symbols", NotBuilt},
+        {"TLCmdDigitizeCircle", "DigitizeCircle", "Curves and parallel lines", NotBuilt},
+        {"TLCmdDigitizeEllipse", "DigitizeEllipse", "Curves and parallel lines", NotBuilt},
+        {"TLCmdDigitizeFlag", "DigitizeFlag", "Plotted symbols", NotBuilt},
+        {"TLCmdDigitizeRing", "DigitizeRing", "Curves and parallel lines", NotBuilt},
+        {"TLDigitizeStreamLine", "DigitizeStreamLine", "Curves and parallel lines", NoBehaviour},
+        {"TLDigitizeOffsetDistance", nullptr, "Survey construction", NotBuilt},
+        {"TLDigitizeParallelLine", nullptr, "Survey construction", NoBehaviour},
+        {"TLDigitizeVerticalDistance", nullptr, "Survey construction", NoBehaviour},
+        {"TLDigitizeMicroTraverse", nullptr, "Survey construction", NotBuilt},
+        {"TLDigitizeDirectionIntersection", nullptr, "Survey construction", NoBehaviour},
+        {"TLDigitizeForwardIntersection", nullptr, "Survey construction", NotBuilt},
+        {"TLDigitizeSideIntersection", nullptr, "Survey construction", NotBuilt},
+        {"TLDigitizeBackwardIntersection", nullptr, "Survey construction", NotBuilt},
+        {"TLToolViewPixelVal", nullptr, "Raster analysis", NotBuilt},
+        {"TLToolPixelInspector", nullptr, "Raster analysis", NotBuilt},
+        {"TLToolIdentifyFeature", nullptr, "Identify", NotBuilt},
+        {"TLToolIdentifyRoute", nullptr, "Identify", NoBehaviour},
+        {"TLToolBisectingLine", nullptr, "Feature editing", NoBehaviour},
+        {"TLToolEditAttributes", nullptr, "Attribute editing", NotBuilt},
+        {"TLToolAddAnnotation", nullptr, "Annotation", NotBuilt},
+        {"TLToolEditAnnotation", nullptr, "Annotation", NotBuilt},
+        {"TLToolAdvancedEditAnnotation", nullptr, "Annotation", NoBehaviour},
+        {"TLToolAdvancedMoveAnnotation", nullptr, "Annotation", NoBehaviour},
+        {"TLToolPartCopy", "Part Copy", "Feature editing", NotBuilt},
+        {"TLToolPartConnect", nullptr, "Feature editing", NotBuilt},
+        {"TLToolPartOffset", "Part Offset", "Feature editing", NotBuilt},
+        {"TLToolWholeOffset", "Whole Offset", "Feature editing", NotBuilt},
+        {"TLAspectCalculation", nullptr, "Raster analysis", NotBuilt},
+        {"TLSlopeCalculation", nullptr, "Raster analysis", NotBuilt},
+        {"TLSurfaceAreaMeasurement", nullptr, "Raster analysis", NotBuilt},
+        {"TLMeasurementForSurfaceDistance", nullptr, "Raster analysis", NotBuilt},
+        {"TLImageLocalModify", nullptr, "Raster analysis", NoBehaviour},
+        {"TLToolEdgeMatching", nullptr, "Feature editing", NotBuilt},
+        {"TLToolCopyBlock", nullptr, "Feature editing", NoBehaviour},
+        {"TLToolShieldRectangle", nullptr, "Map masking", NotBuilt},
+        {"TLToolShieldPolygon", nullptr, "Map masking", NotBuilt},
+        {"TLToolShieldSelection", nullptr, "Map masking", NotBuilt},
+        {"TLToolShieldAreasClear", nullptr, "Map masking", NotBuilt},
+        {"TLToolExportRenderStyle", nullptr, "Style export", NotBuilt},
+        {"TLToolExportRenderSLDStyle", nullptr, "Style export", NotBuilt},
+        {"TLToolImageSampleCollect", nullptr, "Raster analysis", NoBehaviour},
+        {"TLToolPolygonCutPolygon", "Polygon cut polygon", "Feature editing", NotBuilt},
+        {"TmToolImgSemiAutoRecog", nullptr, "Raster analysis", NoBehaviour},
+        {"TLToolDoubleLine", nullptr, "Feature editing", NoBehaviour},
+    };
+    return entries;
+}
+
+int TLToolTable::IndexOf(const std::string& className) {
+    for (int i = 0; i < Count(); ++i)
+        if (className == Entries()[std::size_t(i)].className) return i;
+    return -1;
+}
+
+int TLToolTable::IndexOfRegisteredName(const std::string& name) {
+    for (int i = 0; i < Count(); ++i) {
+        const char* registered = Entries()[std::size_t(i)].registeredName;
+        if (registered && name == registered) return i;
+    }
+    return -1;
+}
+
+bool TLToolTable::IsOfClass(const TLTool* tool, const char* className) {
+    if (!tool) return false;
+    // Itanium mangling spells a name as its length followed by the name; matching the whole
+    // token keeps TLToolEditLine from answering for TLToolEditLineX and the like.
+    const std::string mangled = typeid(*tool).name();
+    const std::string token = std::to_string(std::char_traits<char>::length(className)) + className;
+    const std::size_t at = mangled.find(token);
+    if (at == std::string::npos) return false;
+    const std::size_t end = at + token.size();
+    return end == mangled.size() || mangled[end] == 'E';
+}
+
+TLTool* TLToolTable::PoolTool(int index) {
+    if (index < 0 || index >= Count()) return nullptr;
+    const char* className = Entries()[std::size_t(index)].className;
+    TLCMDPool* pool = TLCMDPool::GetInstance();
+    if (index < pool->GetToolCount() && IsOfClass(pool->GetTool(index), className))
+        return pool->GetTool(index);
+    for (int i = 0; i < pool->GetToolCount(); ++i)
+        if (IsOfClass(pool->GetTool(i), className)) return pool->GetTool(i);
+    return nullptr;
+}
+
+}  // namespace TMObjects
