@@ -83,6 +83,9 @@ bool TLCmdDigitizeFreehandRectangle::OnMouseDown(TLMouseButton button, int x, in
     } else if (points.size() == 1) {
         points.push_back(point);
         secondPoint = point;
+        // A preview left from an earlier rectangle must not be finished as this one: until a
+        // move shows this rectangle, "E" has nothing to finish.
+        previewRing.clear();
         Steps::Prompt(mBuddy, "Give up(U)/Finish(E)/<Specify point>:");
     } else {
         // The list holds the rectangle of this press; the ring written is the one the last move

@@ -74,6 +74,32 @@ TEST_F(FreehandRectangle, TypedLinesOnlyGiveUpOrFinishWithThePreview) {
     EXPECT_TRUE(band()->Parts().empty());
 }
 
+TEST_F(FreehandRectangle, FinishWithoutAMoveAfterTheSecondClickGivesUp) {
+    // No rectangle was shown yet: nothing to finish.
+    click(100, 100);
+    click(200, 100);
+    type("E");
+    EXPECT_EQ(featureCount(), 0);
+
+    // Nor after one was written: its preview belongs to that rectangle, not to the next.
+    click(100, 100);
+    click(200, 100);
+    click(150, 160);
+    buddy->ClearEvents();
+    click(300, 300);
+    click(400, 300);
+    type("E");
+    EXPECT_EQ(prompts(), (Texts{kSecond, kThird, kFirstAgain}));
+    EXPECT_TRUE(messages().empty());
+    EXPECT_TRUE(band()->Parts().empty());
+    expectRing(committed(), {{100, 100}, {150, 100}, {150, 160}, {100, 160}, {100, 100}});
+    EXPECT_EQ(undoSteps(), 1);
+
+    // The next rectangle starts from its first click.
+    click(300, 300);
+    EXPECT_EQ(prompt(), kSecond);
+}
+
 TEST_F(FreehandRectangle, ADoubleClickDropsTheRectangleUnderWay) {
     click(100, 100);
     click(200, 100);
