@@ -88,16 +88,23 @@ bool TLCmdDigitizeFreehandRectangle::OnMouseDown(TLMouseButton button, int x, in
         previewRing.clear();
         Steps::Prompt(mBuddy, "Give up(U)/Finish(E)/<Specify point>:");
     } else {
-        // The list holds the rectangle of this press; the ring written is the one the last move
-        // drew, which is the same one when the press comes where the pointer last moved.
-        points = TLShapeRings::FreehandRectangle(points[0], secondPoint, point);
-        EndEntity();
-        Reset();
-        Steps::Message(mBuddy, kCommandLine);
-        Steps::Prompt(mBuddy, kFirstPrompt);
+        pressFarCorner(point);
     }
     Steps::CacheDrawnShape(snapTool, band);
     return true;
+}
+
+void TLCmdDigitizeFreehandRectangle::pressFarCorner(const TLPoint& corner) {
+    // The list holds the rectangle of this press; the ring written is the one the last move
+    // drew, which is the same one when the press comes where the pointer last moved.
+    points = TLShapeRings::FreehandRectangle(points[0], secondPoint, corner);
+    // Without a move since the second click the band still shows the first edge as a line,
+    // which must not go into the polygon layer: the band shows this press's rectangle.
+    if (previewRing.empty()) Steps::ShowRing(band, points);
+    EndEntity();
+    Reset();
+    Steps::Message(mBuddy, kCommandLine);
+    Steps::Prompt(mBuddy, kFirstPrompt);
 }
 
 bool TLCmdDigitizeFreehandRectangle::OnMouseMove(TLMouseButton, int x, int y) {

@@ -35,6 +35,7 @@ public:
     void Reset();
 
 private:
+    void pressFarCorner(const TLPoint& corner);
     void giveUp();
     void finishWithPreview();
 

@@ -100,6 +100,17 @@ TEST_F(FreehandRectangle, FinishWithoutAMoveAfterTheSecondClickGivesUp) {
     EXPECT_EQ(prompt(), kSecond);
 }
 
+TEST_F(FreehandRectangle, AThirdPressBeforeAnyPreviewWritesTheRectangleOfThePress) {
+    click(100, 100);
+    click(200, 100);
+    press(150, 160);
+    expectRing(committed(), {{100, 100}, {150, 100}, {150, 160}, {100, 160}, {100, 100}});
+    EXPECT_EQ(prompts(), (Texts{kSecond, kThird, kFirst}));
+    EXPECT_EQ(messages(), Texts{kDrawn});
+    EXPECT_EQ(undoSteps(), 1);
+    EXPECT_TRUE(band()->Parts().empty());
+}
+
 TEST_F(FreehandRectangle, ADoubleClickDropsTheRectangleUnderWay) {
     click(100, 100);
     click(200, 100);
