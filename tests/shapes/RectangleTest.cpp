@@ -158,6 +158,36 @@ TEST_F(Rectangle, ClickedThreePointsCommitTheRingTheLastMoveShowed) {
     EXPECT_EQ(messages(), (Texts{kClickedDone, kDrawn}));
 }
 
+TEST_F(Rectangle, MovesShowWhatEachConstructionKnowsSoFar) {
+    // Two corners from a typed first corner.
+    type("1");
+    type("100,100");
+    move(130, 120);
+    EXPECT_EQ(band()->GetType(), TLRubberBand::PolygonBand);
+    expectRing(bandPoints(), {{100, 100}, {130, 100}, {130, 120}, {100, 120}, {100, 100}});
+    press(130, 120);
+    ASSERT_EQ(featureCount(), 1);
+
+    // An edge and a width: the first click shows nothing, then the edge follows the pointer.
+    type("3");
+    press(200, 200);
+    EXPECT_TRUE(band()->Parts().empty());
+    move(200, 260);
+    EXPECT_EQ(band()->GetType(), TLRubberBand::LineBand);
+    EXPECT_EQ(bandPoints(), (Ring{{200, 200}, {200, 260}}));
+    press(200, 260);
+    move(250, 300);  // the width is typed: the band keeps the edge
+    EXPECT_EQ(bandPoints(), (Ring{{200, 200}, {200, 260}, {200, 260}}));
+    type("5");
+    ASSERT_EQ(featureCount(), 2);
+
+    // Length and width: nothing follows the pointer.
+    type("4");
+    click(400, 400);
+    move(450, 450);
+    EXPECT_TRUE(band()->Parts().empty());
+}
+
 TEST_F(Rectangle, ClickedEdgeAndTypedWidth) {
     type("3");
     click(100, 100);
