@@ -70,10 +70,9 @@ std::vector<TLFeatureLayer*> TLShellDocument::UnsavedLayers() const {
         auto* features = dynamic_cast<TLFeatureLayer*>(layer.get());
         if (!features) continue;
         TLRefPtr<TLFeatureTable> table = features->GetDatasource();
-        // A feature added and undone again leaves the table marked but has nothing to write;
-        // only real pending changes count, so that nobody is asked to save nothing.
-        if (table && table->GetStore() && table->IsDirty() && !table->PendingChanges().empty())
-            layers.push_back(features);
+        // The table counts only what differs from its store, so an edit taken back by undo
+        // leaves nothing here; asking for the changes themselves would copy every one of them.
+        if (table && table->GetStore() && table->IsDirty()) layers.push_back(features);
     }
     return layers;
 }

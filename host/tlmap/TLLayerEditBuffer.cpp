@@ -114,6 +114,7 @@ TLRefPtr<TLFeature> TLLayerEditBuffer::OpenFeature(int id) {
     TLFeatureTable* t = table();
     const TLFeature* f = t->PeekFeature(id);
     if (!f) return TLRefPtr<TLFeature>();
+    t->Lend(id);
     if (TLEditor* e = editor())
         e->WatchFeature(t, id);
     else

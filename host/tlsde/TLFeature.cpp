@@ -45,6 +45,16 @@ bool sameGeometry(TLGeometry* a, TLGeometry* b) {
     return true;
 }
 
+// Every value of `a` that is not null is in `b` and equal there.
+bool valuesWithin(const std::map<TLString, TLVariant>& a, const std::map<TLString, TLVariant>& b) {
+    for (const auto& [name, value] : a) {
+        if (value.IsNull()) continue;
+        auto it = b.find(name);
+        if (it == b.end() || !(it->second == value)) return false;
+    }
+    return true;
+}
+
 }  // namespace
 
 TLFeature::TLFeature(const TLFeature& other)
@@ -126,7 +136,9 @@ TLVariant TLFeature::GetValue(int index) const {
 }
 
 bool TLFeature::SameContent(const TLFeature& other) const {
-    return mId == other.mId && mValues == other.mValues &&
+    // A value cleared to null reads as one never set, and a store keeps both as null.
+    return mId == other.mId && valuesWithin(mValues, other.mValues) &&
+           valuesWithin(other.mValues, mValues) &&
            sameGeometry(mGeometry.get(), other.mGeometry.get());
 }
 

@@ -35,8 +35,9 @@ public:
     void SetFields(std::shared_ptr<const TLFields> fields) { mFields = std::move(fields); }
     // The values by name (field names in the case they were set with).
     const std::map<TLString, TLVariant>& Values() const { return mValues; }
-    // True when both carry the same id, values and coordinates (parts, Z values included). Undo
-    // bookkeeping uses it to tell a real change from a write that put back what was there.
+    // True when both carry the same id, values and coordinates (parts, Z values included); a null
+    // value is the same as none. Undo bookkeeping and the table's pending changes use it to tell
+    // a real change from a write that put back what was there.
     bool SameContent(const TLFeature& other) const;
 
 private:

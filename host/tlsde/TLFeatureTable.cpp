@@ -134,7 +134,6 @@ void TLFeatureTable::Load(TLFeature feature) {
     mFeatures[id] = normalised(feature);
     mFeatures[id].SetId(id);
     mNextId = std::max(mNextId, id + 1);
-    mStored.insert(id);
     // A load is usually one of many: the index is packed again on its next use instead of
     // growing one insert at a time.
     mIndex.reset();
@@ -143,11 +142,12 @@ void TLFeatureTable::Load(TLFeature feature) {
 int TLFeatureTable::Insert(const TLFeature& feature) {
     int id = feature.GetId();
     if (id < 0 || HasFeature(id)) id = mNextId;
+    keep(id);
     TLFeature& stored = mFeatures[id] = normalised(feature);
     stored.SetId(id);
     mNextId = std::max(mNextId, id + 1);
     indexInsert(id, stored);
-    mDirty.insert(id);
+    weigh(id);
     notify(TLFeatureTableListener::Added, id);
     return id;
 }
@@ -155,9 +155,11 @@ int TLFeatureTable::Insert(const TLFeature& feature) {
 bool TLFeatureTable::Delete(int id) {
     auto it = mFeatures.find(id);
     if (it == mFeatures.end()) return false;
+    keep(id);
     mFeatures.erase(it);
+    mLent.erase(id);
     indexRemove(id);
-    mDirty.insert(id);
+    weigh(id);
     notify(TLFeatureTableListener::Deleted, id);
     return true;
 }
@@ -165,10 +167,13 @@ bool TLFeatureTable::Delete(int id) {
 bool TLFeatureTable::SetGeometry(int id, TLRefPtr<TLGeometry> geometry) {
     auto it = mFeatures.find(id);
     if (it == mFeatures.end()) return false;
-    // A copy, so that the caller may go on using its geometry without changing the table.
+    keep(id);
+    // A copy, so that the caller may go on using its geometry without changing the table. A
+    // geometry lent out before no longer reaches the table.
     it->second.SetGeometry(geometry ? geometry->Clone() : TLRefPtr<TLGeometry>());
+    mLent.erase(id);
     indexInsert(id, it->second);
-    mDirty.insert(id);
+    weigh(id);
     notify(TLFeatureTableListener::GeometryChanged, id);
     return true;
 }
@@ -176,8 +181,9 @@ bool TLFeatureTable::SetGeometry(int id, TLRefPtr<TLGeometry> geometry) {
 bool TLFeatureTable::SetValue(int id, const TLString& field, const TLVariant& value) {
     auto it = mFeatures.find(id);
     if (it == mFeatures.end()) return false;
+    keep(id);
     if (!it->second.SetValue(field, value)) return false;
-    mDirty.insert(id);
+    weigh(id);
     notify(TLFeatureTableListener::AttributesChanged, id);
     return true;
 }
@@ -190,12 +196,16 @@ void TLFeatureTable::Restore(int id, const std::optional<TLFeature>& feature) {
         return;
     }
     const bool existed = it != mFeatures.end();
+    keep(id);
     TLFeature& stored = mFeatures[id] = *feature;
     stored.SetId(id);
     stored.SetFields(mFields);
+    mLent.erase(id);
     mNextId = std::max(mNextId, id + 1);
     indexInsert(id, stored);
-    mDirty.insert(id);
+    // Only the feature put back is weighed: an undo costs what its step touched, whatever the
+    // size of the table.
+    weigh(id);
     if (!existed) {
         notify(TLFeatureTableListener::Added, id);
     } else {
@@ -204,21 +214,28 @@ void TLFeatureTable::Restore(int id, const std::optional<TLFeature>& feature) {
     }
 }
 
+void TLFeatureTable::Lend(int id) {
+    if (!HasFeature(id)) return;
+    keep(id);
+    mLent.insert(id);
+}
+
 void TLFeatureTable::Touch(int id) {
     auto it = mFeatures.find(id);
     if (it == mFeatures.end()) return;
     indexInsert(id, it->second);
-    mDirty.insert(id);
+    weigh(id);
     notify(TLFeatureTableListener::GeometryChanged, id);
 }
 
 std::vector<TLFeatureChange> TLFeatureTable::PendingChanges() const {
     std::vector<TLFeatureChange> changes;
     for (int id : mDirty) {
-        const bool stored = mStored.count(id) != 0;
+        auto saved = mSaved.find(id);
+        // Without a record the feature was changed in place while untouched, so the store has it.
+        const bool stored = saved == mSaved.end() || saved->second.has_value();
         auto it = mFeatures.find(id);
         if (it == mFeatures.end()) {
-            // Made and deleted again since the last save: the store never needs to hear of it.
             if (stored) changes.push_back(TLFeatureChange{id, false, std::nullopt});
             continue;
         }
@@ -232,12 +249,18 @@ bool TLFeatureTable::Save(TLString& error) {
     const std::vector<TLFeatureChange> changes = PendingChanges();
     // On failure the changes stay pending, so that the user can try again or undo.
     if (mStore && !changes.empty() && !mStore->Commit(*this, changes, error)) return false;
-    for (const TLFeatureChange& change : changes) {
-        if (change.after)
-            mStored.insert(change.id);
-        else
-            mStored.erase(change.id);
+    // The store now holds every feature as it is. A lent geometry may still change in place
+    // without the table seeing it happen, so what the store holds of it is kept; of the rest the
+    // working copy tells until the next write.
+    std::map<int, std::optional<TLFeature>> kept;
+    for (int id : mLent) {
+        auto saved = mSaved.find(id);
+        if (mDirty.count(id) == 0 && saved != mSaved.end())
+            kept.emplace(id, std::move(saved->second));
+        else if (const TLFeature* f = PeekFeature(id))
+            kept.emplace(id, *f);
     }
+    mSaved = std::move(kept);
     mDirty.clear();
     return true;
 }
@@ -266,6 +289,24 @@ void TLFeatureTable::indexInsert(int id, const TLFeature& f) {
 
 void TLFeatureTable::indexRemove(int id) {
     if (mIndex) mIndex->Remove(id);
+}
+
+void TLFeatureTable::keep(int id) {
+    // A feature untouched since the last save is as the store holds it, or absent from both.
+    if (mSaved.count(id) != 0 || mDirty.count(id) != 0) return;
+    const TLFeature* f = PeekFeature(id);
+    mSaved.emplace(id, f ? std::optional<TLFeature>(*f) : std::nullopt);
+}
+
+void TLFeatureTable::weigh(int id) {
+    auto saved = mSaved.find(id);
+    const TLFeature* now = PeekFeature(id);
+    const bool same = saved != mSaved.end() &&
+                      (saved->second ? now && now->SameContent(*saved->second) : now == nullptr);
+    if (same)
+        mDirty.erase(id);
+    else
+        mDirty.insert(id);
 }
 
 TLFeature TLFeatureTable::normalised(const TLFeature& f) const {

@@ -69,12 +69,20 @@ public:
     bool SetValue(int id, const TLString& field, const TLVariant& value);
     // Puts a feature back exactly as given (or removes it for nullopt): undo and redo.
     void Restore(int id, const std::optional<TLFeature>& feature);
-    // The feature's geometry was changed in place through a shared pointer: index it anew, count
-    // it as changed and tell the listeners.
+    // The feature's geometry is about to be handed out to be changed in place: its present state
+    // is kept first, since once the geometry changes the table cannot tell what it was.
+    void Lend(int id);
+    // The feature's geometry was changed in place through a shared pointer: index it anew, weigh
+    // it against the store and tell the listeners.
     void Touch(int id);
     // Deleted since the last save (and not put back).
-    bool IsDeleted(int id) const { return mDirty.count(id) != 0 && !HasFeature(id); }
+    bool IsDeleted(int id) const {
+        return (mSaved.count(id) != 0 || mDirty.count(id) != 0) && !HasFeature(id);
+    }
 
+    // A feature is pending while it differs from what the store holds: added and not stored,
+    // stored and deleted, or stored with other coordinates or values. An edit taken back by undo,
+    // or put back by hand, leaves nothing to save.
     bool IsDirty() const { return !mDirty.empty(); }
     std::vector<TLFeatureChange> PendingChanges() const;
     // Writes the pending changes to the store in one transaction; on success they are no longer
@@ -89,13 +97,24 @@ private:
     void indexInsert(int id, const TLFeature& f);
     void indexRemove(int id);
     TLFeature normalised(const TLFeature& f) const;
+    // Before a write: remembers what the store holds of the feature, unless already known.
+    void keep(int id);
+    // After a write: the feature is pending exactly when it differs from what the store holds.
+    void weigh(int id);
 
     TLString mName;
     std::shared_ptr<TLFields> mFields;
     std::unique_ptr<TLFeatureStore> mStore;
     std::map<int, TLFeature> mFeatures;
-    std::set<int> mStored;  // ids the store has
-    std::set<int> mDirty;   // ids changed since the last save
+    // What the store holds of each feature written to since the last save (nothing: the store
+    // does not have it), and of each feature lent out. Copies of these few features only: an
+    // undo weighs what its step touched against them, without a scan of the table.
+    std::map<int, std::optional<TLFeature>> mSaved;
+    // Ids that differ from the store. One changed in place without being lent has no entry in
+    // mSaved: what it was is lost, and it stays pending until saved.
+    std::set<int> mDirty;
+    // Ids whose geometry was handed out and may still be changed in place through it.
+    std::set<int> mLent;
     int mNextId = 1;
     mutable std::unique_ptr<TLSpatialIndex> mIndex;  // built on first use, then kept up to date
     std::vector<TLFeatureTableListener*> mListeners;

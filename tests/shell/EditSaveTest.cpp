@@ -9,6 +9,7 @@
 #include "TLShellDocument.h"
 #include "hostkit/TLModalAnswerer.h"
 #include "tlmap/TLFeatureLayer.h"
+#include "tlmap/TLLayerEditBuffer.h"
 #include "tmgis/TMWorkspace.h"
 
 namespace TMObjects {
@@ -65,6 +66,36 @@ private Q_SLOTS:
         QVERIFY(!window->Document()->HasUnsavedEdits());
         QVERIFY(window->close());
         QCOMPARE(int(answerer.Records().size()), 0);
+    }
+
+    void undoingAChangeToAStoredFeatureLeavesNothingToSave() {
+        // A value written as the attribute editor writes it: a step of its own.
+        TLFeatureLayer* wells = layer("wells");
+        QVERIFY(wells->layer_edit_buffer()->ChangeAttribute(1, "name", TLVariant(TLString("moved")),
+                                                            true));
+        QVERIFY(window->isWindowModified());
+        window->UndoAction()->trigger();
+        QVERIFY(!window->isWindowModified());
+        QVERIFY(!window->SaveAction()->isEnabled());
+        window->RedoAction()->trigger();
+        QVERIFY(window->isWindowModified());
+        window->UndoAction()->trigger();
+        QVERIFY(window->close());
+        QCOMPARE(int(answerer.Records().size()), 0);
+    }
+
+    void undoingASavedEditMarksTheWindowAgain() {
+        addWell();
+        window->SaveAction()->trigger();
+        QVERIFY(!window->isWindowModified());
+        window->UndoAction()->trigger();
+        // The file still holds the well the user took back.
+        QVERIFY(window->isWindowModified());
+        QCOMPARE(storedCount("wells"), 4);
+        answerer.Queue("Save");
+        QVERIFY(window->close());
+        QCOMPARE(int(answerer.Records().size()), 1);
+        QCOMPARE(storedCount("wells"), 3);
     }
 
     void closingWithUnsavedEditsAsksAndCancelKeepsTheWindow() {

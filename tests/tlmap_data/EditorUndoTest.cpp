@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -9,6 +10,24 @@
 
 namespace TMObjects::testing {
 namespace {
+
+// What a save would write, as "ID new", "ID old" or "ID deleted".
+std::vector<std::string> Pending(const TLFeatureTable& table) {
+    std::vector<std::string> out;
+    for (const TLFeatureChange& c : table.PendingChanges())
+        out.push_back(std::to_string(c.id) + (c.after ? (c.isNew ? " new" : " old") : " deleted"));
+    return out;
+}
+
+// Moves the first vertex of the feature's shared geometry, as a dragging tool does.
+TLRefPtr<TLGeometry> DragFirstVertex(TLLayerEditBuffer* buffer, int id, double x) {
+    TLRefPtr<TLGeometry> live =
+        buffer->GetActiveEditFeatureByFeatureId(id)->GetFeature()->GetGeometry();
+    double* xy = nullptr;
+    int count = 0;
+    if (live->GetRawPoints(&xy, count) && count > 0) xy[0] = x;
+    return live;
+}
 
 class UndoTest : public ::testing::Test {
 protected:
@@ -120,10 +139,9 @@ TEST_F(UndoTest, AbortPutsBackEveryChangeAndLeavesNoStep) {
     EXPECT_EQ(fx.editor()->LastCommittedLabel(), TLString("first"));
     EXPECT_FALSE(fx.editor()->CommitOperation(true));
     EXPECT_FALSE(fx.editor()->AbortOperation());
-    // The feature made and removed again inside the aborted step is nothing the store must hear.
-    std::vector<int> pending;
-    for (const auto& c : fx.table().PendingChanges()) pending.push_back(c.id);
-    EXPECT_EQ(pending, (std::vector<int>{1, 2}));
+    // Only the committed step is left to save: what the aborted one made, changed or deleted and
+    // put back is nothing the store must hear.
+    EXPECT_EQ(Pending(fx.table()), std::vector<std::string>{"2 old"});
     // The spatial index agrees with the restored contents.
     EXPECT_EQ(fx.table().SearchBounds(TLRect(0.5, 0.6, -1, 1)), std::vector<int>{1});
     EXPECT_EQ(fx.table().SearchBounds(TLRect(4, 5, 5.5, 6.5)), std::vector<int>{2});
@@ -215,6 +233,119 @@ TEST_F(UndoTest, ChangesMadeInPlaceThroughAnEditFeatureAreUndoable) {
     EXPECT_EQ(fx.buffer()->GetActiveEditFeatureByFeatureId(99), nullptr);
 }
 
+TEST_F(UndoTest, AnUndoneEditLeavesNothingToSaveAndRedoMakesItPendingAgain) {
+    struct Edit {
+        const char* what;
+        std::function<void()> make;
+        std::string pending;
+    };
+    const std::vector<Edit> edits = {
+        {"add",
+         [&] {
+             TLFeature f = MakeFeature("LINESTRING (1 1, 2 2)", "third", 3);
+             fx.buffer()->AddFeature(f, true, true);
+         },
+         "3 new"},
+        {"geometry", [&] { fx.buffer()->changeGeometry(1, Wkt("LINESTRING (0 0, 5 5)"), false); },
+         "1 old"},
+        {"attribute",
+         [&] { fx.buffer()->ChangeAttribute(2, "NAME", TLVariant(TLString("renamed")), false); },
+         "2 old"},
+        {"attributes",
+         [&] {
+             fx.buffer()->ChangeAttributes(
+                 1, {{"NAME", TLVariant(TLString("x"))}, {"AREA", TLVariant(1.5)}}, false);
+         },
+         "1 old"},
+        {"delete", [&] { fx.buffer()->DeleteFeature(2, true, true); }, "2 deleted"},
+        {"change in place",
+         [&] {
+             fx.editor()->StartOperation("drag");
+             DragFirstVertex(fx.buffer(), 1, -4);
+             fx.editor()->CommitOperation(true);
+         },
+         "1 old"},
+    };
+    const auto contents = Contents(fx.table());
+    for (const Edit& edit : edits) {
+        SCOPED_TRACE(edit.what);
+        edit.make();
+        EXPECT_EQ(Pending(fx.table()), std::vector<std::string>{edit.pending});
+        ASSERT_TRUE(fx.editor()->Undo());
+        EXPECT_EQ(Contents(fx.table()), contents);
+        EXPECT_FALSE(fx.table().IsDirty());
+        EXPECT_TRUE(Pending(fx.table()).empty());
+        ASSERT_TRUE(fx.editor()->Redo());
+        EXPECT_TRUE(fx.table().IsDirty());
+        EXPECT_EQ(Pending(fx.table()), std::vector<std::string>{edit.pending});
+        ASSERT_TRUE(fx.editor()->Undo());
+        EXPECT_FALSE(fx.table().IsDirty());
+    }
+}
+
+TEST_F(UndoTest, StepsOnOneFeatureStayPendingUntilTheFirstIsTakenBack) {
+    const auto contents = Contents(fx.table());
+    fx.buffer()->changeGeometry(1, Wkt("LINESTRING (0 0, 5 4, 10 0)"), false);
+    const auto moved = Contents(fx.table());
+    fx.buffer()->ChangeAttribute(1, "NAME", TLVariant(TLString("moved")), false);
+    EXPECT_EQ(Pending(fx.table()), std::vector<std::string>{"1 old"});
+
+    ASSERT_TRUE(fx.editor()->Undo());
+    EXPECT_EQ(Contents(fx.table()), moved);
+    EXPECT_EQ(Pending(fx.table()), std::vector<std::string>{"1 old"});
+    ASSERT_TRUE(fx.editor()->Undo());
+    EXPECT_EQ(Contents(fx.table()), contents);
+    EXPECT_FALSE(fx.table().IsDirty());
+
+    // An edit put back by another edit rather than by undo is no change either.
+    fx.buffer()->ChangeAttribute(2, "CODE", TLVariant(5.0), false);
+    fx.buffer()->ChangeAttribute(2, "CODE", TLVariant(2.0), false);
+    EXPECT_FALSE(fx.table().IsDirty());
+    // Nor is a value cleared again where there was none.
+    fx.buffer()->ChangeAttribute(2, "AREA", TLVariant(3.0), false);
+    fx.buffer()->ChangeAttribute(2, "AREA", TLVariant(), false);
+    EXPECT_FALSE(fx.table().IsDirty());
+}
+
+TEST_F(UndoTest, AChangeInPlaceStaysPendingWhenTheToolWritesTheSameGeometryBack) {
+    // A dragging tool changes the shared geometry and then hands that same geometry to the
+    // buffer: the write changes nothing the table can see, yet the feature is not as stored.
+    fx.editor()->StartOperation("drag");
+    TLRefPtr<TLGeometry> live = DragFirstVertex(fx.buffer(), 1, -4);
+    fx.buffer()->changeGeometry(1, live, false);
+    fx.editor()->CommitOperation(true);
+    EXPECT_EQ(WktOf(fx.table().PeekFeature(1)->GetGeometry()), "LINESTRING (-4 0, 10 0)");
+    EXPECT_EQ(Pending(fx.table()), std::vector<std::string>{"1 old"});
+
+    ASSERT_TRUE(fx.editor()->Undo());
+    EXPECT_FALSE(fx.table().IsDirty());
+    ASSERT_TRUE(fx.editor()->Redo());
+    EXPECT_EQ(Pending(fx.table()), std::vector<std::string>{"1 old"});
+
+    // Opened and left as it was: nothing to save.
+    ASSERT_TRUE(fx.editor()->Undo());
+    fx.editor()->StartOperation("look");
+    fx.buffer()->GetActiveEditFeatureByFeatureId(2)->GetFeature();
+    fx.editor()->CommitOperation(true);
+    EXPECT_FALSE(fx.table().IsDirty());
+}
+
+TEST_F(UndoTest, AGeometryStillHeldByAToolAcrossASaveIsWeighedAgainstWhatWasSaved) {
+    fx.editor()->StartOperation("drag");
+    TLRefPtr<TLGeometry> live = DragFirstVertex(fx.buffer(), 1, -4);
+    fx.buffer()->ChangeAttribute(1, "NAME", TLVariant(TLString("dragged")), false);
+    ASSERT_TRUE(fx.layer->SaveEdits());  // the shell saves while the tool still holds the line
+    EXPECT_FALSE(fx.table().IsDirty());
+    double* xy = nullptr;
+    int count = 0;
+    ASSERT_TRUE(live->GetRawPoints(&xy, count));
+    xy[0] = -8;
+    fx.buffer()->changeGeometry(1, live, false);
+    fx.editor()->CommitOperation(true);
+    EXPECT_EQ(WktOf(fx.table().PeekFeature(1)->GetGeometry()), "LINESTRING (-8 0, 10 0)");
+    EXPECT_EQ(Pending(fx.table()), std::vector<std::string>{"1 old"});
+}
+
 TEST_F(UndoTest, ListenersHearEveryOperation) {
     struct Recorder : TLEditorListener {
         std::vector<std::string> events;
@@ -266,6 +397,19 @@ TEST(EditorWithoutMap, WritesApplyAndNothingIsRecorded) {
               "POINT (50 2) | CODE=1:4 | NAME=4:p");
     EXPECT_EQ(layer->GetDatasource()->SearchBounds(TLRect(49, 51, 1, 3)),
               std::vector<int>{f.GetId()});
+}
+
+TEST(EditorWithoutMap, AFeatureOpenedAndLeftAsItWasIsNotPending) {
+    TLRefPtr<TLFeatureLayer> layer(
+        TLFeatureLayer::CreateMemoryLayer("scratch", TLLayer::PointLayer, SampleFields(), nullptr));
+    TLFeatureTable& table = *layer->GetDatasource();
+    table.Load(MakeFeature("POINT (1 2)", "p", 1, 1));
+    table.Load(MakeFeature("POINT (3 4)", "q", 2, 2));
+    layer->StartOperation(nullptr);
+    layer->layer_edit_buffer()->GetActiveEditFeatureByFeatureId(1)->GetFeature();
+    DragFirstVertex(layer->layer_edit_buffer(), 2, 30);
+    EXPECT_TRUE(layer->CommitOperation());
+    EXPECT_EQ(Pending(table), std::vector<std::string>{"2 old"});
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "DataTestSupport.h"
+#include "tlmap/TLEditor.h"
 #include "tlmap/TLLayerEditBuffer.h"
 #include "tlsde/TLFeatureStore.h"
 
@@ -126,6 +127,35 @@ TEST(FeatureTable, FailedSaveKeepsEveryPendingChangeAndTheErrorText) {
     // Undoing after a save makes the undone features pending again.
     ASSERT_TRUE(s.map->editor()->Undo());
     EXPECT_EQ(Pending(s.table()), (std::vector<std::string>{"4 old"}));
+}
+
+TEST(FeatureTable, AfterASaveUndoAndRedoAreWeighedAgainstWhatWasSaved) {
+    StoredLayer s;
+    TLEditor* editor = s.map->editor();
+    s.buffer()->ChangeAttribute(1, "NAME", TLVariant(TLString("renamed")), false);
+    TLFeature added = MakeFeature("LINESTRING (5 5, 6 6)", "new", 4);
+    s.buffer()->AddFeature(added, false, true);
+    s.buffer()->DeleteFeature(3, false, true);
+    ASSERT_TRUE(s.layer->SaveEdits());
+    EXPECT_FALSE(s.table().IsDirty());
+
+    // The file holds every edit; taking them back is a change to it, each as the opposite write.
+    ASSERT_TRUE(editor->Undo());
+    EXPECT_EQ(Pending(s.table()), std::vector<std::string>{"3 new"});
+    ASSERT_TRUE(editor->Undo());
+    EXPECT_EQ(Pending(s.table()), (std::vector<std::string>{"3 new", "4 deleted"}));
+    ASSERT_TRUE(editor->Undo());
+    const std::vector<TLFeatureChange> changes = s.table().PendingChanges();
+    ASSERT_EQ(Pending(s.table()), (std::vector<std::string>{"1 old", "3 new", "4 deleted"}));
+    EXPECT_EQ(changes[0].after->GetValue("NAME"), TLVariant(TLString("a")));
+
+    // Redone, the edits are what the file holds again.
+    ASSERT_TRUE(editor->Redo());
+    ASSERT_TRUE(editor->Redo());
+    ASSERT_TRUE(editor->Redo());
+    EXPECT_FALSE(s.table().IsDirty());
+    EXPECT_TRUE(s.layer->SaveEdits());
+    EXPECT_EQ(s.log->commits, 1);
 }
 
 TEST(FeatureTable, ListenersHearEveryChange) {

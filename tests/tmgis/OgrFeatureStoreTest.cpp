@@ -3,6 +3,10 @@
 
 #include "DataFixture.h"
 #include "tlgeo/TLGeometryWkt.h"
+#include "tlmap/TLEditor.h"
+#include "tlmap/TLFeatureLayer.h"
+#include "tlmap/TLLayerEditBuffer.h"
+#include "tlmap/TLMap.h"
 #include "tmgis/TLOgrFeatureStore.h"
 
 namespace TMObjects {
@@ -58,6 +62,42 @@ TEST_F(OgrFeatureStore, AGeoPackageSaveWritesAddsChangesAndDeletesTogether) {
     // The binary field the host never showed is kept as it was.
     EXPECT_EQ(stored.at(2).values.at("scan"), "CAFE0001");
     EXPECT_EQ(stored.at(2).wkt, "POINT (500030 5000040)");
+}
+
+TEST_F(OgrFeatureStore, EditsTakenBackByUndoLeaveTheGeoPackageAloneUntilTheyFollowASave) {
+    const std::string path = makeGeoPackage();
+    auto workspace = open(path);
+    TLRefPtr<TLMap> map(new TLMap());
+    auto* layer = dynamic_cast<TLFeatureLayer*>(workspace->GetLayer(TLString("wells")).get());
+    ASSERT_NE(layer, nullptr);
+    map->InsertLayer(0, layer, false);
+    TLLayerEditBuffer* buffer = layer->layer_edit_buffer();
+    TLEditor* editor = map->editor();
+    TLFeatureTable& wells = *layer->GetDatasource();
+
+    TLFeature added = featureWith("POINT (500100 5000100)");
+    buffer->AddFeature(added, false, true);
+    buffer->changeGeometry(1, geometry("POINT (500011 5000021)"), false);
+    ASSERT_TRUE(buffer->ChangeAttribute(2, TLString("depth"), TLVariant(40.5), false));
+    buffer->DeleteFeature(2, false, true);
+    EXPECT_EQ(wells.PendingChanges().size(), 3u);
+    while (editor->CanUndo()) ASSERT_TRUE(editor->Undo());
+    EXPECT_FALSE(wells.IsDirty());
+    const std::string untouched = bytesOf(path);
+    ASSERT_TRUE(layer->SaveEdits());
+    EXPECT_EQ(bytesOf(path), untouched);
+
+    // Saved, then taken back: the file holds the edit, so undoing it is a change to save.
+    ASSERT_TRUE(buffer->ChangeAttribute(1, TLString("name"), text("renamed"), false));
+    ASSERT_TRUE(layer->SaveEdits());
+    ASSERT_TRUE(editor->Undo());
+    EXPECT_EQ(wells.PendingChanges().size(), 1u);
+    ASSERT_TRUE(layer->SaveEdits());
+    const auto stored = readStored(path, "wells");
+    EXPECT_EQ(stored.at(1).values.at("name"), "north");
+    EXPECT_EQ(stored.at(1).values.at("depth"), "12.25");
+    EXPECT_EQ(stored.at(1).wkt, "POINT (500010 5000020)");
+    EXPECT_EQ(stored.size(), 2u);
 }
 
 TEST_F(OgrFeatureStore, AnAttributeChangeKeepsAStoredCurveAsItWas) {
