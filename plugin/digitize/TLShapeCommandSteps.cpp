@@ -159,6 +159,13 @@ void TLShapeCommandSteps::AddToBand(TLRubberBand* band, const TLPoint& p) {
 
 void TLShapeCommandSteps::AddBandFeature(TLToolBuddy* buddy, TLEditor* editor,
                                          TLFeatureLayer* layer, TLRubberBand* band, TLRect& rect) {
+    WriteBandFeature(buddy, editor, layer, band, rect);
+    layer->ClearSelect(false);
+}
+
+void TLShapeCommandSteps::WriteBandFeature(TLToolBuddy* buddy, TLEditor* editor,
+                                           TLFeatureLayer* layer, TLRubberBand* band,
+                                           TLRect& rect) {
     TLLayerEditBuffer* buffer = layer->layer_edit_buffer();
     TLRefPtr<TLCoordinateSystem> reference = layer->GetSpatialReference();
     editor->StartOperation("add feature");
@@ -172,7 +179,6 @@ void TLShapeCommandSteps::AddBandFeature(TLToolBuddy* buddy, TLEditor* editor,
         buffer->AddFeature(feature, true, true);
     }
     editor->CommitOperation(true);
-    layer->ClearSelect(false);
 }
 
 void TLShapeCommandSteps::RefreshMap(TLToolBuddy* buddy, const TLRect& rect) {

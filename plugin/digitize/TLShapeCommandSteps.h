@@ -85,6 +85,9 @@ public:
     // no step stays open. The layer's selection is cleared afterwards.
     static void AddBandFeature(TLToolBuddy* buddy, TLEditor* editor, TLFeatureLayer* layer,
                                TLRubberBand* band, TLRect& rect);
+    // The same write, leaving the layer's selection as it is.
+    static void WriteBandFeature(TLToolBuddy* buddy, TLEditor* editor, TLFeatureLayer* layer,
+                                 TLRubberBand* band, TLRect& rect);
     // Redraws the map where the feature went.
     static void RefreshMap(TLToolBuddy* buddy, const TLRect& rect);
     // The double click of the square and the freehand rectangle: whatever is under way is
