@@ -178,8 +178,7 @@ bool TLCmdDigitizeCircle::OnMouseUp(TLMouseButton, int, int) {
 
 bool TLCmdDigitizeCircle::OnMouseMove(TLMouseButton, int x, int y) {
     if (!mBuddy) return false;
-    // The edit layer may have been switched since the last event.
-    if (editor) layer = dynamic_cast<TLFeatureLayer*>(editor->edit_layer());
+    Curve::FollowEditLayer(editor, layer);
     if (!Curve::CanDrawOn(layer)) return false;
     if (previewActive && rubberBand) showPreview(ToMapCoordinates(TLPoint(x, y), nullptr));
     return true;
@@ -213,7 +212,9 @@ void TLCmdDigitizeCircle::showPreview(const TLPoint& cursor) {
 }
 
 bool TLCmdDigitizeCircle::OnDblClick(TLMouseButton, int, int) {
-    if (!mBuddy || !Steps::CanEdit(editor, layer)) return false;
+    if (!mBuddy) return false;
+    Curve::FollowEditLayer(editor, layer);
+    if (!Steps::CanEdit(editor, layer)) return false;
     Reset();
     if (!Steps::IsPolygonLayer(layer) || !rubberBand) return true;
     // Whatever the band still holds is written; after the press of the double click that is

@@ -141,8 +141,7 @@ bool TLCmdDigitizeEllipse::OnMouseUp(TLMouseButton, int, int) {
 
 bool TLCmdDigitizeEllipse::OnMouseMove(TLMouseButton, int x, int y) {
     if (!mBuddy) return false;
-    // The edit layer may have been switched since the last event.
-    if (editor) layer = dynamic_cast<TLFeatureLayer*>(editor->edit_layer());
+    Curve::FollowEditLayer(editor, layer);
     if (!Curve::CanDrawOn(layer)) return false;
     if (previewActive && rubberBand) showPreview(ToMapCoordinates(TLPoint(x, y), nullptr));
     return true;

@@ -44,17 +44,24 @@ void TLCurveCommandSteps::Announce(TLToolBuddy* buddy, const TLFeatureLayer* lay
     }
 }
 
+void TLCurveCommandSteps::FollowEditLayer(const TLEditor* editor, TLFeatureLayer*& layer) {
+    if (editor) layer = dynamic_cast<TLFeatureLayer*>(editor->edit_layer());
+}
+
 bool TLCurveCommandSteps::PressAllowed(TLToolBuddy* buddy, const TLEditor* editor,
-                                       const TLFeatureLayer* layer) {
-    if (!buddy || !Steps::CanEdit(editor, layer)) return false;
+                                       TLFeatureLayer*& layer) {
+    if (!buddy) return false;
+    FollowEditLayer(editor, layer);
+    if (!Steps::CanEdit(editor, layer)) return false;
     if (Steps::IsPolygonLayer(layer)) return true;
     refuseLayer(buddy);
     return false;
 }
 
 bool TLCurveCommandSteps::TypedLineAllowed(TLToolBuddy* buddy, const TLEditor* editor,
-                                           const TLFeatureLayer* layer) {
+                                           TLFeatureLayer*& layer) {
     if (!buddy) return false;
+    FollowEditLayer(editor, layer);
     // A layer of another kind is refused here too: a typed shape would otherwise become a
     // polygon in a point or line layer.
     if (Steps::CanEdit(editor, layer) && Steps::IsPolygonLayer(layer)) return true;

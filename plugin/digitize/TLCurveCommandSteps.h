@@ -26,13 +26,16 @@ public:
     static void Announce(TLToolBuddy* buddy, const TLFeatureLayer* layer, const char* commandLine,
                          const char* menu);
 
-    // Whether a press may act. A layer that cannot be edited is passed over in silence; a layer
-    // of another kind is refused on the command window.
-    static bool PressAllowed(TLToolBuddy* buddy, const TLEditor* editor,
-                             const TLFeatureLayer* layer);
-    // Whether a typed line may act; any layer that cannot take a polygon is refused.
+    // The editor's edit layer as it is now: the user may have switched or closed it since the
+    // last event, and a layer taken out of the map must not be written to.
+    static void FollowEditLayer(const TLEditor* editor, TLFeatureLayer*& layer);
+    // Whether a press may act, on the edit layer as it is now. A layer that cannot be edited is
+    // passed over in silence; a layer of another kind is refused on the command window.
+    static bool PressAllowed(TLToolBuddy* buddy, const TLEditor* editor, TLFeatureLayer*& layer);
+    // Whether a typed line may act, on the edit layer as it is now; any layer that cannot take a
+    // polygon is refused.
     static bool TypedLineAllowed(TLToolBuddy* buddy, const TLEditor* editor,
-                                 const TLFeatureLayer* layer);
+                                 TLFeatureLayer*& layer);
     // Whether the pointer may draw a preview on the layer.
     static bool CanDrawOn(const TLFeatureLayer* layer);
 

@@ -2,6 +2,7 @@
 
 #include <climits>
 #include <cmath>
+#include <limits>
 
 #include "tlmap/TLDrawCommonTool.h"
 
@@ -35,8 +36,11 @@ int ellipseClosingIndex(double step) {
 
 double TLCurveSamples::SinglePrecisionDistance(const TLPoint& a, const TLPoint& b) {
     const double dx = b.x - a.x, dy = b.y - a.y;
-    const float square = float(dx * dx + dy * dy);
-    return double(std::sqrt(square));
+    const double square = dx * dx + dy * dy;
+    // A square beyond the single-precision range has no float to narrow to: it is infinite.
+    if (square > double(std::numeric_limits<float>::max()))
+        return std::numeric_limits<double>::infinity();
+    return double(std::sqrt(float(square)));
 }
 
 bool TLCurveSamples::IsTooSmall(double radius) {

@@ -117,6 +117,39 @@ TEST_P(CurveFrame, AMoveOverALayerThatTurnedLockedDrawsNothingAndClearsNothing) 
     EXPECT_NE(bandPoints(), shown);
 }
 
+TEST_P(CurveFrame, FollowsTheEditLayerAndLeavesWithoutOne) {
+    const Command& command = GetParam();
+    TLFeatureLayer* lots = addLayer("lots", TLLayer::PolygonLayer);
+    pick(command.className);
+
+    // Switched to another polygon layer between events, the shape goes there.
+    edit(lots);
+    type("2");
+    // A diameter's second end or the axis lengths, as the command takes them.
+    type("100,100");
+    type("20,10");
+    EXPECT_EQ(lots->GetDatasource()->GetFeatureCount(), 1);
+    EXPECT_EQ(featureCount(), 0);
+
+    // With no edit layer left a press does nothing and a typed line is refused.
+    edit(nullptr);
+    buddy->ClearEvents();
+    EXPECT_FALSE(dispatcher->MouseDown(TLLeftButton, 100, 100));
+    EXPECT_TRUE(buddy->Events().empty());
+    EXPECT_FALSE(type("1"));
+    EXPECT_EQ(prompts(), Texts{"Layer error"});
+
+    // Picked without an edit layer, it leaves at once.
+    dispatcher->Deactivate();
+    buddy->ClearEvents();
+    pick(command.className);
+    EXPECT_EQ(prompts(), Texts{""});
+    EXPECT_EQ(buddy->RegisteredTool(), nullptr);
+    EXPECT_TRUE(view->RubberBands().empty());
+    EXPECT_FALSE(dispatcher->MouseDown(TLLeftButton, 100, 100));
+    EXPECT_FALSE(type("1"));
+}
+
 INSTANTIATE_TEST_SUITE_P(Commands, CurveFrame, ::testing::ValuesIn(kCommands),
                          [](const ::testing::TestParamInfo<Command>& info) {
                              return std::string(info.param.className + 13);
