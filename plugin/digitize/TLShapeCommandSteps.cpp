@@ -158,7 +158,8 @@ void TLShapeCommandSteps::AddToBand(TLRubberBand* band, const TLPoint& p) {
 // ---- commit ----
 
 void TLShapeCommandSteps::AddBandFeature(TLToolBuddy* buddy, TLEditor* editor,
-                                         TLFeatureLayer* layer, TLRubberBand* band, TLRect& rect) {
+                                         TLFeatureLayer* layer, TLRubberBand* band, TLRect& rect,
+                                         bool clearSelection) {
     TLLayerEditBuffer* buffer = layer->layer_edit_buffer();
     TLRefPtr<TLCoordinateSystem> reference = layer->GetSpatialReference();
     editor->StartOperation("add feature");
@@ -172,7 +173,7 @@ void TLShapeCommandSteps::AddBandFeature(TLToolBuddy* buddy, TLEditor* editor,
         buffer->AddFeature(feature, true, true);
     }
     editor->CommitOperation(true);
-    layer->ClearSelect(false);
+    if (clearSelection) layer->ClearSelect(false);
 }
 
 void TLShapeCommandSteps::RefreshMap(TLToolBuddy* buddy, const TLRect& rect) {

@@ -82,9 +82,10 @@ public:
     // The band's geometry becomes a new feature of the layer inside one "add feature" operation,
     // projected from the map's coordinate system into the layer's; `rect` grows by its bound in
     // map coordinates. The operation is committed also when the band gives no geometry, so that
-    // no step stays open. The layer's selection is cleared afterwards.
+    // no step stays open. The layer's selection is cleared afterwards unless `clearSelection` is
+    // false, as the plotted symbols leave it.
     static void AddBandFeature(TLToolBuddy* buddy, TLEditor* editor, TLFeatureLayer* layer,
-                               TLRubberBand* band, TLRect& rect);
+                               TLRubberBand* band, TLRect& rect, bool clearSelection = true);
     // Redraws the map where the feature went.
     static void RefreshMap(TLToolBuddy* buddy, const TLRect& rect);
     // The double click of the square and the freehand rectangle: whatever is under way is
