@@ -67,24 +67,7 @@ TEST_F(ArrowHelper, ThirdPointTurnsFromTheWayBackAndAnySideButLeftIsRight) {
     expectPoint(out, -5, -5 * std::sqrt(3.0));
 }
 
-TEST_F(ArrowHelper, MeasuresOfPointLists) {
-    EXPECT_DOUBLE_EQ(helper.wholeDistance({{0, 0}, {3, 4}, {3, 10}}), 11.0);
-    EXPECT_DOUBLE_EQ(helper.getBaseLength({{0, 0}, {3, 4}, {3, 10}}), 11.0);
-    EXPECT_DOUBLE_EQ(helper.wholeDistance({{7, 7}}), 0.0);
-    TLPoint mid;
-    helper.getMidPoint({2, 4}, {6, -8}, mid);
-    expectPoint(mid, 4, -2);
-}
-
 // ---- smoothing ----
-
-TEST_F(ArrowHelper, FactorialsAndBinomials) {
-    EXPECT_EQ(helper.getFactorial(0), 1.0);
-    EXPECT_EQ(helper.getFactorial(5), 120.0);
-    EXPECT_EQ(helper.getFactorial(7), 5040.0);
-    EXPECT_EQ(helper.getBinomialFactor(4, 2), 6.0);
-    EXPECT_EQ(helper.getBinomialFactor(6, 0), 1.0);
-}
 
 TEST_F(ArrowHelper, BezierHasAHundredSamplesBeforeItsLastPoint) {
     Points out{{-1, -1}};
