@@ -15,10 +15,11 @@ class TLMapView;
 class TLRubberBand;
 class TLSnapTool;
 
-// What the polygon shape commands (square, rectangle, regular polygon, freehand rectangle) do
-// alike around their constructions: finding the layer they draw into, making and dropping their
-// band and snap tool, reading the pointer with snapping, and writing the finished band as one
-// undoable feature. The commands keep their state in their own fields and pass them in.
+// What the commands that draw one computed polygon (square, rectangle, regular polygon, freehand
+// rectangle, circle, ellipse, arrow, flag) do alike around their constructions: finding the layer
+// they draw into, making and dropping their band and snap tool, reading the pointer with snapping,
+// and writing the finished band as one undoable feature. The commands keep their state in their own
+// fields and pass them in.
 class TLShapeCommandSteps {
 public:
     // ---- layer ----
@@ -85,7 +86,8 @@ public:
     // no step stays open. The layer's selection is cleared afterwards.
     static void AddBandFeature(TLToolBuddy* buddy, TLEditor* editor, TLFeatureLayer* layer,
                                TLRubberBand* band, TLRect& rect);
-    // The same write, leaving the layer's selection as it is.
+    // The same write, leaving the layer's selection as it is, as the curves and the plotted
+    // symbols do.
     static void WriteBandFeature(TLToolBuddy* buddy, TLEditor* editor, TLFeatureLayer* layer,
                                  TLRubberBand* band, TLRect& rect);
     // Redraws the map where the feature went.
