@@ -1,5 +1,7 @@
 #include "tlmap/TLLayerEditBuffer.h"
 
+#include <cmath>
+
 #include "tlmap/TLEditor.h"
 #include "tlmap/TLFeatureLayer.h"
 #include "tlmap/TLMap.h"
@@ -20,6 +22,17 @@ const TLField* writableField(const TLFeatureTable* table, const TLString& name) 
     if (index < 0) return nullptr;
     const TLField* field = table->GetFields().GetField(index);
     return field->IsSystemField() || field->IsGeoField() ? nullptr : field;
+}
+
+// Coordinates that are no numbers (a circle through three points on one level) make no shape a
+// store can keep or a reader can draw: such a write is refused rather than stored as junk.
+bool finiteShape(TLGeometry* geometry) {
+    double* xy = nullptr;
+    int count = 0;
+    if (!geometry || !geometry->GetRawPoints(&xy, count) || !xy) return true;
+    for (int i = 0; i < 2 * count; ++i)
+        if (!std::isfinite(xy[i])) return false;
+    return true;
 }
 
 }  // namespace
@@ -48,6 +61,7 @@ TLLayerEditBuffer::TLLayerEditBuffer(TLFeatureLayer* layer) : mLayer(layer) {}
 TLLayerEditBuffer::~TLLayerEditBuffer() = default;
 
 void TLLayerEditBuffer::AddFeature(TLFeature& feature, bool notify, bool) {
+    if (!finiteShape(feature.GetGeometry().get())) return;
     FlushOpened();
     const int id = table()->Insert(feature);
     feature.SetId(id);
@@ -64,7 +78,7 @@ void TLLayerEditBuffer::DeleteFeature(const int& id, bool notify, bool) {
 }
 
 void TLLayerEditBuffer::changeGeometry(const int& id, TLRefPtr<TLGeometry> geometry, bool notify) {
-    if (!geometry) return;
+    if (!geometry || !finiteShape(geometry.get())) return;
     FlushOpened();
     std::optional<TLFeature> before = snapshot(table(), id);
     if (!before || !table()->SetGeometry(id, geometry)) return;

@@ -43,10 +43,12 @@ public:
 
     // Appends the feature and writes the id it got back into it. `notify` tells the layer's
     // observers. Every write is recorded whatever `recordUndo` says: a write left out of a step
-    // would make undoing that step restore a layer that never existed.
+    // would make undoing that step restore a layer that never existed. A shape with a coordinate
+    // that is no finite number is refused: the feature is not added and keeps its id.
     void AddFeature(TLFeature& feature, bool notify, bool recordUndo);
     void DeleteFeature(const int& id, bool notify, bool recordUndo);
-    // A null geometry is refused: it would silently wipe the feature's shape.
+    // A null geometry is refused: it would silently wipe the feature's shape. So is one with a
+    // coordinate that is no finite number.
     void changeGeometry(const int& id, TLRefPtr<TLGeometry> geometry, bool notify);
     // False for an unknown feature or field, or a field the store keeps itself (id, geometry).
     bool ChangeAttribute(const int& id, const TLString& field, const TLVariant& value, bool notify);

@@ -177,6 +177,8 @@ TEST_F(Circle, PointsOnOneLevelMakeNoUsableCircleAndNoError) {
     EXPECT_EQ(messages(), (Texts{kPointError, kDrawn}));
     EXPECT_EQ(prompt(), kMenu);
     EXPECT_FALSE(map->editor()->IsOperationOpen());
+    // The host keeps no shape whose coordinates are no numbers.
+    EXPECT_EQ(featureCount(), 0);
 }
 
 TEST_F(Circle, AMenuNumberTypedAfterAClickChangesTheMode) {

@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <vector>
 
 #include "DataTestSupport.h"
+#include "tlgeo/TLGeoPolyline.h"
 #include "tlmap/TLLayerEditBuffer.h"
 
 namespace TMObjects::testing {
@@ -103,7 +105,7 @@ TEST(EditBuffer, EachFieldTypeCodeKeepsItsOwnKindOfValue) {
     EXPECT_EQ(stored->GetValue("L").GetInt64(), 9007199254740993LL);  // every digit kept
 }
 
-TEST(EditBuffer, WritesToMissingFeaturesOrFieldsChangeNothing) {
+TEST(EditBuffer, WritesToMissingFeaturesOrFieldsOrOfShapesWithoutNumbersChangeNothing) {
     EditFixture fx;
     TLFeature f = MakeFeature("LINESTRING (0 0, 1 0)", "a", 1);
     fx.buffer()->AddFeature(f, true, true);
@@ -121,6 +123,17 @@ TEST(EditBuffer, WritesToMissingFeaturesOrFieldsChangeNothing) {
         f.GetId(), {{"NAME", TLVariant(TLString("x"))}, {"BAD", TLVariant(1.0)}}, false));
     // Writing back the value that is there is no change.
     EXPECT_TRUE(fx.buffer()->ChangeAttribute(f.GetId(), "CODE", TLVariant(TLString("1")), false));
+    // A shape with a coordinate that is no number, as a circle through three points on one level
+    // gives, is neither added nor set.
+    TLRefPtr<TLGeoPolyline> broken(new TLGeoPolyline);
+    broken->AddXY(0, 0);
+    broken->AddXY(std::nan(""), 1);
+    broken->EndEntity();
+    TLFeature junk;
+    junk.SetGeometry(broken);
+    fx.buffer()->AddFeature(junk, true, true);
+    EXPECT_EQ(junk.GetId(), -1);
+    fx.buffer()->changeGeometry(f.GetId(), broken, false);
 
     EXPECT_EQ(Contents(fx.table()), before);
     EXPECT_EQ(fx.editor()->UndoCount(), steps);
