@@ -150,22 +150,5 @@ TEST_F(ShieldDrawTest, MaskOutlivesTheToolThatSetItAndTheClearToolRemovesIt) {
     EXPECT_EQ(recorder->calls, Calls({"clip", "update view"}));
 }
 
-TEST_F(ShieldDrawTest, ToolsWithoutAViewDoNothing) {
-    TLHostBuddy blind(nullptr);
-    for (const char* name : {"TLToolShieldRectangle", "TLToolShieldPolygon",
-                             "TLToolShieldSelection", "TLToolShieldAreasClear"}) {
-        SCOPED_TRACE(name);
-        TLTool* tool = poolTool(name);
-        ASSERT_NE(tool, nullptr);
-        tool->Init(&blind);
-        tool->activate();
-        EXPECT_FALSE(tool->OnMouseDown(TLLeftButton, 10, 10));
-        EXPECT_FALSE(tool->OnDblClick(TLLeftButton, 10, 10));
-        tool->deactivate();
-    }
-    EXPECT_TRUE(blind.Events().size() <= 4u) << "only the unregistering of each tool";
-    for (const TLHostEvent& event : blind.Events()) EXPECT_EQ(event.kind, TLHostEvent::Unregister);
-}
-
 }  // namespace
 }  // namespace TMObjects

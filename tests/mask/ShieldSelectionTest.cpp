@@ -70,7 +70,7 @@ protected:
     }
 };
 
-TEST_F(ShieldSelectionTest, OneSelectedPolygonMasksAtOnceInTheMapsCoordinates) {
+TEST_F(ShieldSelectionTest, OneSelectedPolygonMasksAtOnceAndAClickedOneLikewiseInTheMapsSystem) {
     useMercatorMap();
     TLFeatureLayer* roads = addLayer("roads", TLLayer::LineLayer);
     roads->AddSelect(addLine(roads, {{0, 0}, {50, 50}}));  // lines do not count
@@ -86,6 +86,15 @@ TEST_F(ShieldSelectionTest, OneSelectedPolygonMasksAtOnceInTheMapsCoordinates) {
     expectSilentAndNothingWritten();
     expectPaths(partsOf(lots, id), stored);  // the layer keeps its own coordinates
     EXPECT_TRUE(poolTool("TLToolShieldSelection")->IsCmd());
+
+    // A click finds the polygon through its own system and masks in the map's just the same.
+    view->setClipPolygon(nullptr);
+    lots->ClearSelect(false);
+    click(295, 295);
+    EXPECT_EQ(lots->GetSelectedIds(), Ids({id}));
+    EXPECT_EQ(view->clipPolygon(), nullptr);
+    click(200, 200);
+    expectClipIsTheMercatorSquare();
 }
 
 TEST_F(ShieldSelectionTest, ASelectionThatNamesNoSinglePolygonIsRefusedWithANotice) {
@@ -168,17 +177,6 @@ TEST_F(ShieldSelectionTest, PicksFromTheTopLayerDownAndIgnoresEmptySpotsAndOther
     EXPECT_EQ(upper->GetSelectedIds(), Ids({top}));
     click(400, 400);
     expectRings(clipRings(), {{{100, 100}, {500, 100}, {500, 500}, {100, 500}, {100, 100}}});
-}
-
-TEST_F(ShieldSelectionTest, PickFindsAPolygonOfAnotherSystemAndMasksInTheMaps) {
-    useMercatorMap();
-    TLFeatureLayer* lots = addLayer("lots", TLLayer::PolygonLayer, "EPSG:4326");
-    const int id = addSquareInDegrees(lots);
-    pick("TLToolShieldSelection");
-    click(295, 295);
-    EXPECT_EQ(lots->GetSelectedIds(), Ids({id}));
-    click(200, 200);
-    expectClipIsTheMercatorSquare();
 }
 
 }  // namespace
