@@ -72,7 +72,9 @@ bool TLToolShieldSelection::maskWithGeometry(TLFeatureLayer* layer, int id) {
     // A copy: the layer's own geometry must stay in the layer's coordinates.
     TLRefPtr<TLGeometry> geometry = stored->Clone();
     TLMapView* view = mapView();
-    view->GetDisplay()->ToMapGeometry(layer->GetSpatialReference().get(), geometry.get());
+    // A polygon left in the layer's coordinates would mask the wrong part of the map, or all of it.
+    if (!view->GetDisplay()->ToMapGeometry(layer->GetSpatialReference().get(), geometry.get()))
+        return false;
     view->setClipPolygon(dynamic_cast<TLGeoPolygon*>(geometry.get()));
     points.clear();
     view->UpdateView(true);
