@@ -195,11 +195,24 @@ void TLMapCanvas::OnRefresh(TLLayer* layer, int cacheType, const TLRect& rect) {
 }
 
 void TLMapCanvas::OnUpdateView() {
+    mBandPictures.clear();
     RefreshAll();
 }
 
 void TLMapCanvas::OnRefreshOverlay() {
+    keepBandPictures();
     update();
+}
+
+void TLMapCanvas::keepBandPictures() {
+    mBandPictures.clear();
+    if (!mView) return;
+    for (const TLRubberBand* band : mView->RubberBands()) {
+        auto copy = std::make_unique<TLRubberBand>(*band);
+        // The copy is no band of the view's and must not reach it when it goes.
+        copy->DetachView();
+        mBandPictures.emplace_back(band, std::move(copy));
+    }
 }
 
 void TLMapCanvas::OnVisibleBoundsChanged() {
@@ -344,8 +357,16 @@ void TLMapCanvas::drawOverlay(QPainter& painter) {
         painter.setBrush(QColor(255, 200, 0, 90));
         geometry.Draw(painter, mFlashGeometry.get(), TLLayerStyle::kPointDiameter + 6);
     }
+    drawLeftBandPictures(painter, overlay);
     for (TLRubberBand* band : mView->RubberBands()) overlay.DrawBand(painter, *band);
     if (mView->HasSnapMarker()) overlay.DrawSnapMarker(painter, mView->SnapMarker());
+}
+
+void TLMapCanvas::drawLeftBandPictures(QPainter& painter, const TLOverlayPainter& overlay) const {
+    const std::vector<TLRubberBand*>& live = mView->RubberBands();
+    for (const auto& picture : mBandPictures)
+        if (std::find(live.begin(), live.end(), picture.first) == live.end())
+            overlay.DrawBand(painter, *picture.second);
 }
 
 // ---- input ----

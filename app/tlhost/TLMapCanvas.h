@@ -6,23 +6,28 @@
 #include <QTimer>
 #include <QWidget>
 #include <memory>
+#include <utility>
+#include <vector>
 
 #include "tlgeo/TLGeometry.h"
 #include "tlmap/TLMapView.h"
+#include "tlmap/TLRubberBand.h"
 
 namespace TMObjects {
 
 class TLLayer;
+class TLOverlayPainter;
 class TLRasterPainter;
 class TLToolDispatcher;
 
 // The map view on screen. The map's layers are drawn into a cached picture, the selection into a
 // second one over it; rubber bands, the snap marker and the clip outline are drawn fresh on each
-// repaint. A RefreshMap or Refresh with a rectangle draws that rectangle of the picture again and
-// nothing else, so that committing one feature on a large layer costs a few features' drawing.
-// Pointer and key events go to the active tool through the dispatcher, in the canvas's own pixels,
-// which are the device pixels of the view's display transform. The middle button, the wheel and
-// the arrow keys move the map and are not seen by tools.
+// repaint. A band's picture outlives the band until the next overlay refresh or view update. A
+// RefreshMap or Refresh with a rectangle draws that rectangle of the picture again and nothing
+// else, so that committing one feature on a large layer costs a few features' drawing. Pointer and
+// key events go to the active tool through the dispatcher, in the canvas's own pixels, which are
+// the device pixels of the view's display transform. The middle button, the wheel and the arrow
+// keys move the map and are not seen by tools.
 class TLMapCanvas : public QWidget, public TLMapViewListener {
     Q_OBJECT
 
@@ -103,6 +108,11 @@ private:
     QRect deviceRect(const TLRect& map) const;
     bool layerShown(TLLayer* layer) const;
     void drawOverlay(QPainter& painter);
+    // Copies of the bands as the last overlay refresh showed them, so that a band a tool drops
+    // within the event that drew it stays on screen until the next picture or the next redraw
+    // of the view, as drawing on a screen does.
+    void keepBandPictures();
+    void drawLeftBandPictures(QPainter& painter, const TLOverlayPainter& overlay) const;
     void flash();
     bool ready() const;
 
@@ -121,6 +131,9 @@ private:
     bool mPanning = false;
     QPoint mPanOrigin;
     QPoint mPanOffset;
+
+    // Each picture with the band it was copied from, told apart from live bands by address.
+    std::vector<std::pair<const TLRubberBand*, std::unique_ptr<TLRubberBand>>> mBandPictures;
 
     QTimer mFlashTimer;
     TLRefPtr<TLGeometry> mFlashGeometry;

@@ -4,6 +4,7 @@
 
 #include "TLGeometryMatch.h"
 #include "hostkit/TLDialogDriver.h"
+#include "tlgeo/TLGeometryWkt.h"
 #include "tmgis/TLOgrFeatureStore.h"
 
 namespace TMObjects {
@@ -47,6 +48,7 @@ bool TLSessionChecks::Run(const TLSessionCommand& c, std::string& failure, std::
     if (what == "stored") return stored(c, failure, error);
     if (what == "stored-wkt") return storedWkt(c, failure, error);
     if (what == "save-error") return saveError(c, failure, error);
+    if (what == "clip") return clip(c, failure, error);
     error = "unknown expectation " + inQuotes(what);
     return false;
 }
@@ -320,6 +322,29 @@ bool TLSessionChecks::saveError(const TLSessionCommand& c, std::string& failure,
     if (have.find(want) == std::string::npos)
         failure = "expected the last save of " + c.words[1] + " to fail saying " + inQuotes(want) +
                   ", got " + (have.empty() ? std::string("no failure") : inQuotes(have));
+    return true;
+}
+
+bool TLSessionChecks::clip(const TLSessionCommand& c, std::string& failure, std::string& error) {
+    if (!c.Expect(2, 3, "expect clip \"WKT\"|none [TOL]", error)) return false;
+    const bool none = c.words[1] == "none";
+    double tolerance = kDefaultTolerance;
+    if (none && c.words.size() > 2) {
+        error = "expect clip none takes no tolerance";
+        return false;
+    }
+    if (!none && !geometryWords(c, 1, tolerance, error)) return false;
+    if (mSession.Dry()) return true;
+    TLGeoPolygon* have = mSession.View()->clipPolygon();
+    if (none) {
+        if (have) failure = "expected no clip polygon, got " + TLGeometryWkt::ToWkt(have);
+        return true;
+    }
+    if (!have) {
+        failure = "expected the clip polygon " + c.words[1] + ", got none";
+        return true;
+    }
+    TLGeometryMatch::Matches(have, c.words[1], tolerance, failure);
     return true;
 }
 

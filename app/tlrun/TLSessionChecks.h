@@ -30,6 +30,9 @@ namespace TMObjects {
 //   expect stored NAME N                   features of the layer in its data source, read afresh
 //   expect stored-wkt NAME ID|last "WKT" [TOL]   a feature's geometry there
 //   expect save-error NAME "T"             the last save of the layer failed, saying T
+//   expect clip "WKT"|none [TOL]           the polygon the view is masked to, in the map's
+//                                          coordinates, vertex by vertex within TOL (default
+//                                          1e-6); none for a view without a mask
 class TLSessionChecks {
 public:
     explicit TLSessionChecks(TLSession& session) : mSession(session) {}
@@ -53,6 +56,7 @@ private:
     bool stored(const TLSessionCommand& c, std::string& failure, std::string& error);
     bool storedWkt(const TLSessionCommand& c, std::string& failure, std::string& error);
     bool saveError(const TLSessionCommand& c, std::string& failure, std::string& error);
+    bool clip(const TLSessionCommand& c, std::string& failure, std::string& error);
 
     // The layer named, or null with the failure: a layer the script expects may be one a tool
     // was to make.

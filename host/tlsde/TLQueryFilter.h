@@ -7,7 +7,8 @@ namespace TMObjects {
 
 // Which features a search or a selection takes: a filter geometry with a spatial relation, and a
 // where clause. Where clauses understand comparisons (=, <>, !=, <, <=, >, >=), IN (...), LIKE,
-// IS [NOT] NULL, AND, OR, NOT and parentheses over field names and the id field "FID".
+// IS [NOT] NULL, AND, OR, NOT and parentheses over field names and the id field, "FID" or
+// "__OBJECTID__".
 class TLQueryFilter {
 public:
     TLQueryFilter() = default;

@@ -508,8 +508,11 @@ private:
     }
 
     static NodePtr field(const std::wstring& name) {
-        // "FID" is always the feature's id, whatever fields the table has.
-        NodePtr n = make(TLString(name).CompareNoCase("FID") == 0 ? Node::Id : Node::Field);
+        // "FID" is always the feature's id, whatever fields the table has; "__OBJECTID__" is the
+        // name tools use for it on every kind of layer.
+        const TLString given(name);
+        const bool id = given.CompareNoCase("FID") == 0 || given.CompareNoCase("__OBJECTID__") == 0;
+        NodePtr n = make(id ? Node::Id : Node::Field);
         n->name = TLString(name);
         return n;
     }

@@ -11,6 +11,9 @@ public:
     TLToolShieldAreasClear();
     explicit TLToolShieldAreasClear(TLToolBuddy* buddy);
     ~TLToolShieldAreasClear() override;
+
+    // Takes the mask off the view, whether one is set or not.
+    void activate() override;
     // Does its whole work in activate, so the host runs it as a one-shot command.
     bool IsCmd() override;
 };

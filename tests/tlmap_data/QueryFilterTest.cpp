@@ -52,6 +52,8 @@ TEST_F(WhereTest, ComparisonsListsPatternsAndNulls) {
     EXPECT_EQ(where("AREA > 2.5e0"), (Ids{2}));
     EXPECT_EQ(where("FID = 3"), (Ids{3}));
     EXPECT_EQ(where("fid IN (1, 5, 9)"), (Ids{1, 5}));
+    EXPECT_EQ(where("__OBJECTID__ = 3"), (Ids{3}));
+    EXPECT_EQ(where("__objectid__ IN (2, 4)"), (Ids{2, 4}));
     EXPECT_EQ(where("CODE IN (10, 40)"), (Ids{1, 4}));
     EXPECT_EQ(where("CODE NOT IN (10, 40)"), (Ids{2, 3}));
     EXPECT_EQ(where("CODE BETWEEN 15 AND 30"), (Ids{2, 3}));
