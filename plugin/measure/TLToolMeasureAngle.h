@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPointer>
 #include <vector>
 
 #include "TLPluginExport.h"
@@ -39,7 +40,8 @@ private:
 
     std::vector<TLPoint> points;
     TLRubberBand* rubberBand = nullptr;
-    TMDisplayAngle* dialog = nullptr;
+    // Guarded: the dialog is a child of the main window and may go with it.
+    QPointer<TMDisplayAngle> dialog;
     TLSnapTool snapTool;
 };
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QPointer>
+
 #include "TLPluginExport.h"
 #include "tlmap/TLSnapTool.h"
 #include "tlmap/TLTool.h"
@@ -38,7 +40,8 @@ private:
     TLString bindingKey() const;
 
     TLString projection;
-    TMDisplayGirth* dialog = nullptr;
+    // Guarded: the dialog is a child of the main window and may go with it.
+    QPointer<TMDisplayGirth> dialog;
     int units = 0;
     TLSnapTool snapTool;
 };

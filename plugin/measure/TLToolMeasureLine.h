@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPointer>
 #include <vector>
 
 #include "TLPluginExport.h"
@@ -58,7 +59,8 @@ private:
 
     TLRubberBand* rubberBand = nullptr;
     TLString projection;
-    TMDisplayLength* dialog = nullptr;
+    // Guarded: the dialog is a child of the main window and may go with it.
+    QPointer<TMDisplayLength> dialog;
     std::vector<TLPoint> points;
     int units = 0;
     int ellipsoidal = 0;
