@@ -280,7 +280,7 @@ double TLToolMeasureArea::doMeasure(TLRefPtr<TLCoordinateSystem> reference,
     if (!loaded) return 0.0;
     if (dialog)
         dialog->setSystemText(
-            TmFormatCoordinateSystemInfo::formatCoordinateSystemInfo(loaded.get()));
+            TmFormatCoordinateSystemInfo::formatCoordinateSystemInfo(reference.get()));
 
     TLEllipseParameterNew parameter;
     if (loaded->IsGeographic()) {

@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
+#include <QPlainTextEdit>
 #include <QTreeWidget>
 #include <cmath>
 
@@ -64,6 +65,7 @@ QString MeasureSession::textOf(const char* objectName) const {
     QWidget* widget = shown(objectName);
     if (auto* edit = qobject_cast<QLineEdit*>(widget)) return edit->text();
     if (auto* label = qobject_cast<QLabel*>(widget)) return label->text();
+    if (auto* plain = qobject_cast<QPlainTextEdit*>(widget)) return plain->toPlainText();
     if (auto* combo = qobject_cast<QComboBox*>(widget)) return combo->currentText();
     if (auto* button = qobject_cast<QAbstractButton*>(widget)) return button->text();
     return widget ? widget->windowTitle() : QString("(not shown)");
