@@ -90,7 +90,7 @@ bool TLToolMeasureAngle::OnMouseDown(TLMouseButton, int, int) {
 }
 
 bool TLToolMeasureAngle::OnMouseUp(TLMouseButton button, int x, int y) {
-    TLMapView* view = mBuddy ? mBuddy->GetMapView() : nullptr;
+    TLMapView* view = mActive && mBuddy ? mBuddy->GetMapView() : nullptr;
     if (!view) return false;
     if (button == TLRightButton) {
         DisplayMeasureAngle(0, this, true);
@@ -126,7 +126,7 @@ void TLToolMeasureAngle::showLiveBand(const TLPoint& pointer) {
 }
 
 bool TLToolMeasureAngle::OnMouseMove(TLMouseButton button, int x, int y) {
-    if (!mBuddy || !mBuddy->GetMapView()) return false;
+    if (!mActive || !mBuddy || !mBuddy->GetMapView()) return false;
     if (button == TLMidButton || !rubberBand) return false;
     if (points.empty() || points.size() > 2) return true;
 

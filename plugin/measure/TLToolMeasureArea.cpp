@@ -139,7 +139,7 @@ void TLToolMeasureArea::OnCurrLayerChanged(void*, TLEvent*) {
 }
 
 bool TLToolMeasureArea::OnMouseDown(TLMouseButton button, int x, int y) {
-    TLMapView* view = mBuddy ? mBuddy->GetMapView() : nullptr;
+    TLMapView* view = mActive && mBuddy ? mBuddy->GetMapView() : nullptr;
     if (!view) return false;
     TLPoint p = ToMapCoordinates(TLPoint(x, y), nullptr);
     TLPoint snapped = p;
@@ -238,7 +238,7 @@ TLRefPtr<TLGeometry> TLToolMeasureArea::polygonWith(const TLPoint& pointer) cons
 }
 
 bool TLToolMeasureArea::OnMouseMove(TLMouseButton, int x, int y) {
-    TLMapView* view = mBuddy ? mBuddy->GetMapView() : nullptr;
+    TLMapView* view = mActive && mBuddy ? mBuddy->GetMapView() : nullptr;
     if (!view) return false;
     TLPoint pointer = ToMapCoordinates(TLPoint(x, y), nullptr);
     if (snapTool.CanSnap()) {

@@ -113,7 +113,7 @@ double TLToolMeasureGirth::pickAndSum(TLMapView* view, TLFeatureLayer* layer,
 }
 
 bool TLToolMeasureGirth::OnMouseDown(TLMouseButton button, int x, int y) {
-    if (!mBuddy) return false;
+    if (!mActive || !mBuddy) return false;
     if (button != TLLeftButton) return true;
     TLMapView* view = mBuddy->GetMapView();
     TLDisplayTransform* transform =

@@ -145,7 +145,7 @@ TLPoint TLToolMeasureLine::snapPoint(TLPoint device) {
 }
 
 bool TLToolMeasureLine::OnMouseDown(TLMouseButton button, int x, int y) {
-    if (!mBuddy || !mBuddy->GetMapView()) return false;
+    if (!mActive || !mBuddy || !mBuddy->GetMapView()) return false;
     TLPoint p;
     if (!snapTool.GetSnapXY(p.x, p.y)) p = snapPoint(TLPoint(x, y));
 
@@ -163,7 +163,7 @@ bool TLToolMeasureLine::OnMouseDown(TLMouseButton button, int x, int y) {
 }
 
 bool TLToolMeasureLine::OnDblClick(TLMouseButton, int, int) {
-    if (!mBuddy) return false;
+    if (!mActive || !mBuddy) return false;
     stopMeasuring();
     return true;
 }
@@ -179,7 +179,7 @@ void TLToolMeasureLine::addLiveBand(const TLPoint& pointer) {
 }
 
 bool TLToolMeasureLine::OnMouseMove(TLMouseButton, int x, int y) {
-    TLMapView* view = mBuddy ? mBuddy->GetMapView() : nullptr;
+    TLMapView* view = mActive && mBuddy ? mBuddy->GetMapView() : nullptr;
     if (!view) return false;
     TLPoint pointer = ToMapCoordinates(TLPoint(x, y), nullptr);
     const bool snapping = snapTool.CanSnap();

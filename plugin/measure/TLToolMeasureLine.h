@@ -37,7 +37,8 @@ public:
     TLString getProjStr();
     double rad(double degrees);
     double computeFlatDis(double x1, double y1, double x2, double y2);
-    // A haversine on a sphere of the WGS 84 equatorial radius; arguments in degrees.
+    // A haversine on a sphere of the WGS 84 equatorial radius; arguments in degrees, latitude
+    // before longitude of each point.
     double computeEllipseDis(double a, double b, double c, double d);
     void createRubberBand();
     void stopMeasuring();

@@ -101,6 +101,10 @@ TEST_F(AreaMeasureTest, FeatureModePicksThePolygonUnderTheClick) {
     dispatcher->Deactivate();
     EXPECT_TRUE(parcels->GetSelectedIds().empty()) << "leaving the tool drops its highlight";
     EXPECT_EQ(shown("mLineEditTotal"), nullptr);
+    // A click that reaches the tool after it was left does nothing.
+    clickAt(200, 200);
+    EXPECT_TRUE(parcels->GetSelectedIds().empty());
+    EXPECT_EQ(shown("mLineEditTotal"), nullptr);
 }
 
 TEST_F(AreaMeasureTest, FreeModeMeasuresThePolygonClickedIn) {
