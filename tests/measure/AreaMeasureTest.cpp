@@ -102,7 +102,9 @@ TEST_F(AreaMeasureTest, FeatureModePicksThePolygonUnderTheClick) {
     EXPECT_TRUE(parcels->GetSelectedIds().empty()) << "leaving the tool drops its highlight";
     EXPECT_EQ(shown("mLineEditTotal"), nullptr);
     // A click that reaches the tool after it was left does nothing.
-    clickAt(200, 200);
+    TLTool* tool = poolTool("TLToolMeasureArea");
+    EXPECT_FALSE(tool->OnMouseDown(TLLeftButton, 200, 400));
+    tool->OnMouseUp(TLLeftButton, 200, 400);
     EXPECT_TRUE(parcels->GetSelectedIds().empty());
     EXPECT_EQ(shown("mLineEditTotal"), nullptr);
 }
