@@ -76,6 +76,8 @@ void TLToolMeasureArea::activate() {
     if (!dialog) makeDialog();
     if (!map || !map->GetSpatialReference()) units = 0;
     dialog->setTool(this);
+    // Shown at once: its check box is where the user picks drawing over picking.
+    DisplayMeasureArea(0, this, true);
     if (map)
         map->currentLayerChanged.bind(bindingKey(), [this](void* sender, TLEvent* event) {
             OnCurrLayerChanged(sender, event);
