@@ -5,10 +5,13 @@
 
 #include "measure/TMDisplayGirth.h"
 #include "tlgeo/TLGeoEnvelope.h"
+#include "tlgeo/TLGeoPolygon.h"
+#include "tlgeo/TLGeoPolyline.h"
 #include "tlmap/TLFeatureLayer.h"
 #include "tlmap/TLMapView.h"
 #include "tlmap/TLToolBuddy.h"
 #include "tlsparef/TLCoordinateSystem.h"
+#include "tlsparef/TLEllipseCalcFunc.h"
 #include "tlsparef/TLGeometryProject.h"
 
 namespace TMObjects {
@@ -20,6 +23,27 @@ constexpr int kReplace = 0;
 constexpr int kAdd = 4;
 // Half the side of the pick square, in pixels.
 constexpr double kPickPixels = 3.0;
+
+const TLPartList* partsOf(TLGeometry* geometry) {
+    if (auto* line = dynamic_cast<TLGeoPolyline*>(geometry)) return &line->Parts();
+    if (auto* polygon = dynamic_cast<TLGeoPolygon*>(geometry)) return &polygon->Parts();
+    return nullptr;
+}
+
+// The length of a line, or the perimeter of a polygon, of a geographic layer on its ellipsoid.
+double ellipsoidLength(TLEllipseParameterNew& parameter, TLGeometry* geometry) {
+    const TLPartList* parts = partsOf(geometry);
+    if (!parts) return 0.0;
+    double length = 0.0;
+    for (int part = 0; part < parts->PartCount(); ++part) {
+        const int start = parts->PartStart(part);
+        for (int i = start + 1; i < start + parts->PartSize(part); ++i) {
+            const TLPoint a = parts->Point(i - 1), b = parts->Point(i);
+            length += TLEllipseCalcFunc::CalcEllipseDis(parameter, a.x, a.y, b.x, b.y);
+        }
+    }
+    return length;
+}
 
 }  // namespace
 
@@ -104,11 +128,24 @@ double TLToolMeasureGirth::pickAndSum(TLMapView* view, TLFeatureLayer* layer,
     filter.SetFilterGeometry(envelope);
     filter.SetSpatialRel(TLSpatialRelIntersects);
     layer->SelectFeatures(filter, mBuddy->KeyboardModifiers() == kShift ? kAdd : kReplace, 0);
+    return selectedLength(layer);
+}
+
+double TLToolMeasureGirth::selectedLength(TLFeatureLayer* layer) {
+    TLRefPtr<TLCoordinateSystem> layerReference = layer->GetSpatialReference();
+    // Lengths in degrees would be shown as metres: a geographic layer is measured on its
+    // ellipsoid, as the line tool measures a geographic map.
+    TLEllipseParameterNew parameter;
+    const bool geographic = layerReference && layerReference->IsGeographic();
+    if (geographic) parameter.calcParameter(layerReference->ExportToString());
 
     double sum = 0.0;
     TLRefPtr<TLFeatureSelectionSet> selection = layer->GetSelection();
-    for (int i = 0; selection && i < selection->GetCount(); ++i)
-        sum += selection->GetFeature(i)->GetLength();
+    for (int i = 0; selection && i < selection->GetCount(); ++i) {
+        TLRefPtr<TLSelectFeature> feature = selection->GetFeature(i);
+        sum += geographic ? ellipsoidLength(parameter, feature->GetGeometry().get())
+                          : feature->GetLength();
+    }
     return sum;
 }
 

@@ -37,6 +37,8 @@ private:
     // The feature layer under the click that may be picked: the map's current one, if shown.
     TLFeatureLayer* pickableLayer(TLMapView* view) const;
     double pickAndSum(TLMapView* view, TLFeatureLayer* layer, const TLPoint& point);
+    // In metres on the ellipsoid for a geographic layer, else in the layer's units.
+    double selectedLength(TLFeatureLayer* layer);
     TLString bindingKey() const;
 
     TLString projection;

@@ -1,3 +1,4 @@
+#include <GeographicLib/Geodesic.hpp>
 #include <QLocale>
 #include <QWidget>
 
@@ -91,6 +92,20 @@ TEST_F(GirthMeasureTest, ProjectedMapShowsMetresInTheUnitPicked) {
     clickAt(500, 250);
     EXPECT_EQ(textOf("mComboBoxUnits"), "feet");
     EXPECT_NEAR(shownSum(), 420 / 0.3048, 5e-7);
+}
+
+TEST_F(GirthMeasureTest, GeographicLayerIsMeasuredOnItsEllipsoidInMetres) {
+    showMap("EPSG:4326", 10, 40, 18, 46);
+    TLFeatureLayer* tracks = addLayer("tracks", TLLayer::LineLayer, "EPSG:4326");
+    addLine(tracks, {{11, 41}, {15, 44}, {17, 45.5}});
+    map->SetCurrentLayer(tracks);
+    pick("TLToolMeasureGirth");
+    clickAt(13, 42.5);
+    double first = 0.0, second = 0.0;
+    GeographicLib::Geodesic::WGS84().Inverse(41, 11, 44, 15, first);
+    GeographicLib::Geodesic::WGS84().Inverse(44, 15, 45.5, 17, second);
+    EXPECT_EQ(textOf("mComboBoxUnits"), "meters");
+    EXPECT_NEAR(shownSum(), first + second, 5e-7);
 }
 
 }  // namespace
