@@ -10,10 +10,10 @@ namespace TMObjects {
 
 const std::vector<TLToolTable::Entry>& TLToolTable::Entries() {
     static const std::vector<Entry> entries = {
-        {"TLToolMeasureAngle", nullptr, "Measurement", NotBuilt},
-        {"TLToolMeasureArea", nullptr, "Measurement", NotBuilt},
-        {"TLToolMeasureGirth", nullptr, "Measurement", NotBuilt},
-        {"TLToolMeasureLine", nullptr, "Measurement", NotBuilt},
+        {"TLToolMeasureAngle", nullptr, "Measurement", Built},
+        {"TLToolMeasureArea", nullptr, "Measurement", Built},
+        {"TLToolMeasureGirth", nullptr, "Measurement", Built},
+        {"TLToolMeasureLine", nullptr, "Measurement", Built},
         {"TLToolEditPoint", nullptr, "Feature editing", NotBuilt},
         {"TLToolEditLine", nullptr, "Feature editing", NotBuilt},
         {"TLToolCollectCut", "Trimline", "Feature editing", NotBuilt},

@@ -54,7 +54,8 @@ private Q_SLOTS:
         QCOMPARE(palette->ItemOf(point)->text(TLToolPalette::ToolColumn),
                  QString("Digitize Point"));
         QCOMPARE(palette->ItemOf(point)->text(TLToolPalette::StatusColumn), QString("built"));
-        QCOMPARE(palette->ItemOf(TLShellToolTable::IndexOf("TLToolMeasureArea"))
+        // A tool with no behaviour of its own stays unbuilt.
+        QCOMPARE(palette->ItemOf(TLShellToolTable::IndexOf("TLToolIdentifyRoute"))
                      ->text(TLToolPalette::StatusColumn),
                  QString("not built"));
     }
@@ -73,8 +74,8 @@ private Q_SLOTS:
         QVERIFY(window->Dispatcher()->ActiveTool() == TLShellToolTable::PoolTool(point));
         QVERIFY(action->isChecked());
         QCOMPARE(window->Palette()->ItemOf(point)->checkState(0), Qt::Checked);
-        const int measure = TLShellToolTable::IndexOf("TLToolMeasureLine");
-        QVERIFY(window->Palette()->ActionOf(measure)->text().endsWith("(not built)"));
+        const int route = TLShellToolTable::IndexOf("TLToolIdentifyRoute");
+        QVERIFY(window->Palette()->ActionOf(route)->text().endsWith("(not built)"));
         window->LeaveTool();
         QVERIFY(!window->Dispatcher()->ActiveTool());
         QVERIFY(!action->isChecked());
