@@ -130,8 +130,7 @@ public:
         if (Tool::kDrawsSnapOnClick) Steps::DrawSnapMarker(t.mBuddy, t.snapTool);
         // The prompt tells the state before this click: the first one still asks for a width.
         Steps::Prompt(t.mBuddy, t.pointCount != 0 ? kGoOnPrompt : kWidthPrompt);
-        if (t.pointCount >= 1 && std::fabs(click.x - t.lastPoint.x) < tolerance &&
-            std::fabs(click.y - t.lastPoint.y) < tolerance) {
+        if (onLastVertex(click, tolerance)) {
             // A vertex on top of the last one would give no direction: the pair under way is
             // given up as a whole.
             t.Reset();
@@ -345,6 +344,11 @@ private:
     }
 
     // ---- vertices ----
+
+    bool onLastVertex(const TLPoint& click, double tolerance) const {
+        return t.pointCount >= 1 && std::fabs(click.x - t.lastPoint.x) < tolerance &&
+               std::fabs(click.y - t.lastPoint.y) < tolerance;
+    }
 
     TLPoint offsetOf(const TLPoint& p, const TLPoint& a, const TLPoint& b) {
         jisuan(p.x, p.y, a.x, a.y, b.x, b.y);

@@ -5,15 +5,6 @@
 namespace TMObjects {
 namespace {
 
-TEST(UnitTypes, MapUnitsNameTheirLinearUnit) {
-    EXPECT_EQ(TLUnitTypes::TLUnitTypeToTLUnitTypes(TLUnitMeter), TLMeters);
-    EXPECT_EQ(TLUnitTypes::TLUnitTypeToTLUnitTypes(TLUnitFeet), TLFeet);
-    EXPECT_EQ(TLUnitTypes::TLUnitTypeToTLUnitTypes(TLUnitDegree), TLDecimalDegrees);
-    EXPECT_EQ(TLUnitTypes::TLUnitTypeToTLUnitTypes(TLUnitKilometer), TLKilometers);
-    EXPECT_EQ(TLUnitTypes::TLUnitTypeToTLUnitTypes(TLUnitNauticalMiles), TLNauticalMiles);
-    EXPECT_EQ(TLUnitTypes::TLUnitTypeToTLUnitTypes(TLUnitUnknown), TLUnknownUnits);
-}
-
 TEST(UnitTypes, FactorsConvertLengthsBothWays) {
     EXPECT_DOUBLE_EQ(TLUnitTypes::fromUnitToUnitFactor(TLMeters, TLMeters), 1.0);
     EXPECT_DOUBLE_EQ(TLUnitTypes::fromUnitToUnitFactor(TLKilometers, TLMeters), 1000.0);
