@@ -14,9 +14,9 @@ class TLEditor;
 class TLFeatureLayer;
 class TLRubberBand;
 
-// What the circle and ellipse commands do alike around their samples: the layer they draw into,
-// the guards and refusals of their entry points, the menu number that picks a mode, and the
-// texts they share. The commands keep their state in their own fields and pass it in.
+// What the curve commands (circle, ellipse, arc, ring) do alike around their samples: the layer
+// they draw into, the guards and refusals of their entry points, the menu number that picks a
+// mode, and the texts they share. The commands keep their state in their own fields and pass it in.
 class TLCurveCommandSteps {
 public:
     // The buddy's editor and edit layer as a feature layer; both null and false without a map

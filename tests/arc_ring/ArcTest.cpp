@@ -46,7 +46,7 @@ std::string text(const XY& p) {
     return std::to_string(int(p.first)) + "," + std::to_string(int(p.second));
 }
 
-class Arc : public CommandSession {
+class ArcCommand : public CommandSession {
 protected:
     void SetUp() override {
         CommandSession::SetUp();
@@ -67,7 +67,7 @@ protected:
     TLFeatureLayer* roads = nullptr;
 };
 
-TEST_F(Arc, AnnouncesItselfOnALineLayerWithALineBand) {
+TEST_F(ArcCommand, AnnouncesItselfOnALineLayerWithALineBand) {
     dispatcher->Deactivate();
     buddy->ClearEvents();
     pick("TLCmdDigitizeArc");
@@ -79,7 +79,7 @@ TEST_F(Arc, AnnouncesItselfOnALineLayerWithALineBand) {
     EXPECT_EQ(band()->Pen().color.GetColor(), TLColor(255, 0, 0).GetColor());
 }
 
-TEST_F(Arc, ThreeTypedPointsGiveWholeDegreesFromTheFirstAngleShortOfTheLast) {
+TEST_F(ArcCommand, ThreeTypedPointsGiveWholeDegreesFromTheFirstAngleShortOfTheLast) {
     // A menu number is no point; the first point is then asked for briefly.
     type("2");
     typePoint(kAt53);
@@ -104,7 +104,7 @@ TEST_F(Arc, ThreeTypedPointsGiveWholeDegreesFromTheFirstAngleShortOfTheLast) {
     EXPECT_EQ(featureCount(), 0);
 }
 
-TEST_F(Arc, ClickedBackwardsItStillRunsCounterClockwiseWithAPreview) {
+TEST_F(ArcCommand, ClickedBackwardsItStillRunsCounterClockwiseWithAPreview) {
     click(kAt216.first, kAt216.second);
     move(250, 250);
     EXPECT_EQ(pointsOf(band()), (Path{kAt216, {250, 250}}));
@@ -128,7 +128,7 @@ TEST_F(Arc, ClickedBackwardsItStillRunsCounterClockwiseWithAPreview) {
     EXPECT_TRUE(band()->Parts().empty());
 }
 
-TEST_F(Arc, ASecondPointOutsideTheOthersGoesRoundThroughEastFromOneDegree) {
+TEST_F(ArcCommand, ASecondPointOutsideTheOthersGoesRoundThroughEastFromOneDegree) {
     typePoint(kAt53);
     typePoint(kAt216);
     typePoint(kAt90);
@@ -140,7 +140,7 @@ TEST_F(Arc, ASecondPointOutsideTheOthersGoesRoundThroughEastFromOneDegree) {
     expectPath(committed(), expected);
 }
 
-TEST_F(Arc, PointsOnALineOrAChordWithoutHeightCommitNothingAndStartOver) {
+TEST_F(ArcCommand, PointsOnALineOrAChordWithoutHeightCommitNothingAndStartOver) {
     for (const Path& points :
          {Path{{100, 100}, {200, 200}, {300, 300}}, Path{{100, 100}, {200, 100}, {150, 150}}}) {
         buddy->ClearEvents();
@@ -156,7 +156,7 @@ TEST_F(Arc, PointsOnALineOrAChordWithoutHeightCommitNothingAndStartOver) {
     EXPECT_EQ(prompt(), kFirst);
 }
 
-TEST_F(Arc, ACircleTooSmallIsDroppedSilentlyAndTheThirdPointAskedAgain) {
+TEST_F(ArcCommand, ACircleTooSmallIsDroppedSilentlyAndTheThirdPointAskedAgain) {
     type("100,100");
     type("100.0000002,100.0000001");
     buddy->ClearEvents();
@@ -169,7 +169,7 @@ TEST_F(Arc, ACircleTooSmallIsDroppedSilentlyAndTheThirdPointAskedAgain) {
     EXPECT_EQ(prompt(), kFirst);
 }
 
-TEST_F(Arc, ARightPressClearsThePreviewAndADoubleClickChangesNothing) {
+TEST_F(ArcCommand, ARightPressClearsThePreviewAndADoubleClickChangesNothing) {
     click(kAt53.first, kAt53.second);
     move(200, 200);
     EXPECT_FALSE(band()->Parts().empty());
@@ -181,7 +181,7 @@ TEST_F(Arc, ARightPressClearsThePreviewAndADoubleClickChangesNothing) {
     expectPath(committed(), sweep(degreesOf(kAt53), degreesOf(kAt216)));
 }
 
-TEST_F(Arc, TakesThePointTheLastMoveSnappedTo) {
+TEST_F(ArcCommand, TakesThePointTheLastMoveSnappedTo) {
     TLFeatureLayer* tracks = addLayer("tracks", TLLayer::LineLayer);
     addLine(tracks, {kAt53, {500, 380}});
     TLSnapEnvironment::Instance()->setEnabled(true);
@@ -192,7 +192,7 @@ TEST_F(Arc, TakesThePointTheLastMoveSnappedTo) {
     expectPath(committed(), sweep(degreesOf(kAt53), degreesOf(kAt216)));
 }
 
-TEST_F(Arc, RefusesOtherLayerKindsWithItsOwnWordings) {
+TEST_F(ArcCommand, RefusesOtherLayerKindsWithItsOwnWordings) {
     TLFeatureLayer* parcels = addLayer("parcels", TLLayer::PolygonLayer);
     edit(parcels);
     dispatcher->Deactivate();

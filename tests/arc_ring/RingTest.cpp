@@ -41,7 +41,7 @@ double annulusArea(double inner, double outer) {
     return sector * (outer * outer - inner * inner);
 }
 
-class Ring_ : public ShapeSession {
+class RingCommand : public ShapeSession {
 protected:
     void SetUp() override {
         ShapeSession::SetUp();
@@ -55,21 +55,8 @@ protected:
     }
     TLRubberBand* secondBand() const { return view->RubberBands().at(1); }
 };
-using Ring = ::TMObjects::Ring;
 
-TEST_F(Ring_, AnnouncesItselfWithTwoLineBands) {
-    dispatcher->Deactivate();
-    buddy->ClearEvents();
-    pick("TLCmdDigitizeRing");
-    EXPECT_EQ(buddy->RegisteredName().toStdString(), "DigitizeRing");
-    EXPECT_EQ(messages(), (Texts{"The current input layer is:*******polygon*******", kDrawn}));
-    EXPECT_EQ(prompts(), Texts{kInner});
-    ASSERT_EQ(view->RubberBands().size(), 2u);
-    EXPECT_EQ(band()->GetType(), TLRubberBand::LineBand);
-    EXPECT_EQ(secondBand()->GetType(), TLRubberBand::LineBand);
-}
-
-TEST_F(Ring_, TypedRadiiAndCentreMakeOnePolygonWithAHole) {
+TEST_F(RingCommand, TypedRadiiAndCentreMakeOnePolygonWithAHole) {
     type("abc");
     type("-1");
     type("20");
@@ -98,7 +85,7 @@ TEST_F(Ring_, TypedRadiiAndCentreMakeOnePolygonWithAHole) {
     EXPECT_EQ(featureCount(), 0);
 }
 
-TEST_F(Ring_, AnOuterRadiusBelowTheInnerStartsOverAndAnEqualOneIsTaken) {
+TEST_F(RingCommand, AnOuterRadiusBelowTheInnerStartsOverAndAnEqualOneIsTaken) {
     type("20");
     type("10");
     EXPECT_EQ(messages(), Texts{"The outer radius input is illegal!"});
@@ -114,7 +101,10 @@ TEST_F(Ring_, AnOuterRadiusBelowTheInnerStartsOverAndAnEqualOneIsTaken) {
     EXPECT_FALSE(committedGeometry()->IsValid());
 }
 
-TEST_F(Ring_, AClickedCentreFollowsThePointerUntilThePress) {
+TEST_F(RingCommand, AClickedCentreFollowsThePointerUntilThePress) {
+    EXPECT_EQ(buddy->RegisteredName().toStdString(), "DigitizeRing");
+    EXPECT_EQ(band()->GetType(), TLRubberBand::LineBand);
+    EXPECT_EQ(secondBand()->GetType(), TLRubberBand::LineBand);
     // Radii can only be typed: a press asks for the inner one.
     click(100, 100);
     EXPECT_EQ(prompts(), Texts{kInner});
@@ -146,7 +136,7 @@ TEST_F(Ring_, AClickedCentreFollowsThePointerUntilThePress) {
     EXPECT_TRUE(band()->Parts().empty());
 }
 
-TEST_F(Ring_, ATinyInnerRadiusIsTakenButBuildsNothing) {
+TEST_F(RingCommand, ATinyInnerRadiusIsTakenButBuildsNothing) {
     type("0.0000001");
     type("5");
     buddy->ClearEvents();
@@ -159,7 +149,7 @@ TEST_F(Ring_, ATinyInnerRadiusIsTakenButBuildsNothing) {
     EXPECT_EQ(prompt(), kCentre);
 }
 
-TEST_F(Ring_, TheDoubleClickOnlyResetsTheCommandWindow) {
+TEST_F(RingCommand, TheDoubleClickOnlyResetsTheCommandWindow) {
     type("10");
     buddy->ClearEvents();
     EXPECT_TRUE(dispatcher->DoubleClick(TLLeftButton, 100, 100));
@@ -170,7 +160,7 @@ TEST_F(Ring_, TheDoubleClickOnlyResetsTheCommandWindow) {
     EXPECT_EQ(prompt(), kCentre);
 }
 
-TEST_F(Ring_, RefusesOtherLayersWithItsOwnWordings) {
+TEST_F(RingCommand, RefusesOtherLayersWithItsOwnWordings) {
     TLFeatureLayer* roads = addLayer("roads", TLLayer::LineLayer);
     edit(roads);
     dispatcher->Deactivate();
@@ -180,6 +170,7 @@ TEST_F(Ring_, RefusesOtherLayersWithItsOwnWordings) {
         "The current layer is not polygon layer. Please select the polygon layer editor!";
     EXPECT_EQ(prompts(), Texts{"Command:"});
     EXPECT_EQ(messages(), Texts{withoutA});
+    ASSERT_EQ(view->RubberBands().size(), 2u);
 
     buddy->ClearEvents();
     EXPECT_FALSE(dispatcher->MouseDown(TLLeftButton, 100, 100));
@@ -203,7 +194,7 @@ TEST_F(Ring_, RefusesOtherLayersWithItsOwnWordings) {
     EXPECT_EQ(undoSteps(), 0);
 }
 
-TEST_F(Ring_, AClickTakesThePointTheLastMoveSnappedTo) {
+TEST_F(RingCommand, AClickTakesThePointTheLastMoveSnappedTo) {
     TLFeatureLayer* roads = addLayer("roads", TLLayer::LineLayer);
     addLine(roads, {{300, 200}, {500, 200}});
     type("10");
