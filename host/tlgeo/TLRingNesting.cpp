@@ -36,7 +36,10 @@ int TLRingNesting::Shell(int ring) const {
 
 bool TLRingNesting::contains(int outer, int inner) const {
     if (outer == inner) return false;
-    // A ring cannot hold one at least as large; this also keeps two equal rings apart.
+    // A ring drawn over an earlier one, vertex on vertex, is that ring's hole, as in the order of
+    // simple features: the pair encloses nothing rather than the same area twice.
+    if (coincide(outer, inner)) return outer < inner;
+    // Otherwise a ring cannot hold one at least as large.
     if (!(mArea[std::size_t(outer)] > mArea[std::size_t(inner)])) return false;
     if (!mBound[std::size_t(outer)].Intersects(mBound[std::size_t(inner)])) return false;
     const int first = mRings.PartStart(inner), n = mRings.PartSize(inner);
@@ -51,6 +54,20 @@ bool TLRingNesting::contains(int outer, int inner) const {
         if (where != 0) return where > 0;
     }
     return false;
+}
+
+bool TLRingNesting::coincide(int a, int b) const {
+    const double areaA = mArea[std::size_t(a)], areaB = mArea[std::size_t(b)];
+    // The same ring run the other way sums its area in another order: equal to rounding.
+    if (!(areaA > 0) || std::fabs(areaA - areaB) > 1e-9 * areaA) return false;
+    return liesOn(b, a) && liesOn(a, b);
+}
+
+bool TLRingNesting::liesOn(int ring, int other) const {
+    const int first = mRings.PartStart(ring), n = mRings.PartSize(ring);
+    for (int i = 0; i < n; ++i)
+        if (Locate(mRings, other, mRings.Point(first + i)) != 0) return false;
+    return n > 0;
 }
 
 double TLRingNesting::SignedArea(const TLPartList& rings, int part) {

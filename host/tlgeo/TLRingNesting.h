@@ -10,7 +10,8 @@ namespace TMObjects {
 // How the rings of a polygon lie in each other. A polygon's rings come in any order and any
 // direction, so holes are told by containment alone: a ring inside an odd number of others is a
 // hole of the nearest ring around it, one inside an even number is an outer ring (an island in a
-// hole starts a polygon of its own).
+// hole starts a polygon of its own). A ring drawn over an earlier one, vertex on vertex, is its
+// hole.
 class TLRingNesting {
 public:
     explicit TLRingNesting(const TLPartList& rings);
@@ -28,6 +29,10 @@ public:
 
 private:
     bool contains(int outer, int inner) const;
+    // Whether two rings of an area run along each other, each vertex on the other's boundary.
+    bool coincide(int a, int b) const;
+    // Whether every vertex of `ring` lies on the boundary of `other`.
+    bool liesOn(int ring, int other) const;
 
     const TLPartList& mRings;
     std::vector<double> mArea;  // absolute areas

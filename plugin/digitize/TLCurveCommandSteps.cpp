@@ -50,27 +50,43 @@ void TLCurveCommandSteps::FollowEditLayer(const TLEditor* editor, TLFeatureLayer
 
 bool TLCurveCommandSteps::PressAllowed(TLToolBuddy* buddy, const TLEditor* editor,
                                        TLFeatureLayer*& layer) {
-    if (!buddy) return false;
-    FollowEditLayer(editor, layer);
-    if (!Steps::CanEdit(editor, layer)) return false;
-    if (Steps::IsPolygonLayer(layer)) return true;
-    refuseLayer(buddy);
-    return false;
+    return PressAllowed(buddy, editor, layer, TLLayer::PolygonLayer, kNotPolygonLayer);
 }
 
 bool TLCurveCommandSteps::TypedLineAllowed(TLToolBuddy* buddy, const TLEditor* editor,
                                            TLFeatureLayer*& layer) {
+    return TypedLineAllowed(buddy, editor, layer, TLLayer::PolygonLayer);
+}
+
+bool TLCurveCommandSteps::CanDrawOn(const TLFeatureLayer* layer) {
+    return CanDrawOn(layer, TLLayer::PolygonLayer);
+}
+
+bool TLCurveCommandSteps::PressAllowed(TLToolBuddy* buddy, const TLEditor* editor,
+                                       TLFeatureLayer*& layer, TLLayer::LayerType kind,
+                                       const char* refusal) {
     if (!buddy) return false;
     FollowEditLayer(editor, layer);
-    // A layer of another kind is refused here too: a typed shape would otherwise become a
-    // polygon in a point or line layer.
-    if (Steps::CanEdit(editor, layer) && Steps::IsPolygonLayer(layer)) return true;
+    if (!Steps::CanEdit(editor, layer)) return false;
+    if (layer->GetLayerType() == kind) return true;
+    Steps::Message(buddy, refusal);
+    Steps::Prompt(buddy, "Layer error");
+    return false;
+}
+
+bool TLCurveCommandSteps::TypedLineAllowed(TLToolBuddy* buddy, const TLEditor* editor,
+                                           TLFeatureLayer*& layer, TLLayer::LayerType kind) {
+    if (!buddy) return false;
+    FollowEditLayer(editor, layer);
+    // A layer of another kind is refused here too: a typed shape would otherwise land in a
+    // layer that cannot hold it.
+    if (Steps::CanEdit(editor, layer) && layer->GetLayerType() == kind) return true;
     refuseLayer(buddy);
     return false;
 }
 
-bool TLCurveCommandSteps::CanDrawOn(const TLFeatureLayer* layer) {
-    return layer && layer->IsValid() && layer->IsEditable() && Steps::IsPolygonLayer(layer);
+bool TLCurveCommandSteps::CanDrawOn(const TLFeatureLayer* layer, TLLayer::LayerType kind) {
+    return layer && layer->IsValid() && layer->IsEditable() && layer->GetLayerType() == kind;
 }
 
 void TLCurveCommandSteps::TakeMenuChoice(const TLString& text, char& awaitingMode, TLString& mode,

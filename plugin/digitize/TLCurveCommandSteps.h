@@ -5,6 +5,7 @@
 #include "tlbase/TLPoint.h"
 #include "tlbase/TLRect.h"
 #include "tlbase/TLString.h"
+#include "tlmap/TLLayer.h"
 
 namespace TMObjects {
 
@@ -13,9 +14,9 @@ class TLEditor;
 class TLFeatureLayer;
 class TLRubberBand;
 
-// What the circle and ellipse commands do alike around their samples: the layer they draw into,
-// the guards and refusals of their entry points, the menu number that picks a mode, and the
-// texts they share. The commands keep their state in their own fields and pass it in.
+// What the curve commands (circle, ellipse, arc, ring) do alike around their samples: the layer
+// they draw into, the guards and refusals of their entry points, the menu number that picks a
+// mode, and the texts they share. The commands keep their state in their own fields and pass it in.
 class TLCurveCommandSteps {
 public:
     // The buddy's editor and edit layer as a feature layer; both null and false without a map
@@ -38,6 +39,14 @@ public:
                                  TLFeatureLayer*& layer);
     // Whether the pointer may draw a preview on the layer.
     static bool CanDrawOn(const TLFeatureLayer* layer);
+
+    // The same three guards for a command that draws into layers of `kind`: a press on another
+    // kind is refused with `refusal`, a typed line with the polygon wording all curves share.
+    static bool PressAllowed(TLToolBuddy* buddy, const TLEditor* editor, TLFeatureLayer*& layer,
+                             TLLayer::LayerType kind, const char* refusal);
+    static bool TypedLineAllowed(TLToolBuddy* buddy, const TLEditor* editor, TLFeatureLayer*& layer,
+                                 TLLayer::LayerType kind);
+    static bool CanDrawOn(const TLFeatureLayer* layer, TLLayer::LayerType kind);
 
     // Until a menu number was typed, "1" to "4" picks the mode of both clicks and typed text.
     static void TakeMenuChoice(const TLString& text, char& awaitingMode, TLString& mode,

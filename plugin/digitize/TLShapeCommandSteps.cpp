@@ -104,11 +104,18 @@ void TLShapeCommandSteps::RefuseTypedLine(TLToolBuddy* buddy) {
 
 TLPoint TLShapeCommandSteps::MovePoint(TLTool& tool, TLToolBuddy* buddy, TLSnapTool*& snapTool,
                                        int x, int y) {
+    bool snapped = false;
+    return MovePoint(tool, buddy, snapTool, x, y, snapped);
+}
+
+TLPoint TLShapeCommandSteps::MovePoint(TLTool& tool, TLToolBuddy* buddy, TLSnapTool*& snapTool,
+                                       int x, int y, bool& snapped) {
     TLPoint point = tool.ToMapCoordinates(TLPoint(x, y), nullptr);
     if (!snapTool) snapTool = MakeSnapTool(buddy);
+    snapped = false;
     if (snapTool->CanSnap()) {
         snapTool->Snap(point.x, point.y, nullptr);
-        snapTool->GetSnapXY(point.x, point.y);
+        snapped = snapTool->GetSnapXY(point.x, point.y);
     }
     return point;
 }

@@ -61,6 +61,9 @@ public:
     // The map point under the pointer during a move, moved onto the snap target when snapping
     // is on. Makes the snap tool if the command has none.
     static TLPoint MovePoint(TLTool& tool, TLToolBuddy* buddy, TLSnapTool*& snapTool, int x, int y);
+    // The same, telling in `snapped` whether a snap target was found.
+    static TLPoint MovePoint(TLTool& tool, TLToolBuddy* buddy, TLSnapTool*& snapTool, int x, int y,
+                             bool& snapped);
     // The snap marker of the last move, after the band has been drawn.
     static void DrawSnapMarker(TLToolBuddy* buddy, TLSnapTool* snapTool);
     // The map point of a press. It takes the snap target the last move found; a press searches

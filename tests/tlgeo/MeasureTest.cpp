@@ -45,6 +45,28 @@ TEST(Forward, TurnsOuterRingsCounterClockwiseAndHolesClockwise) {
     EXPECT_EQ(polygon.GetArea(), 100 - 4 + 1);
 }
 
+TEST(Forward, ARingDrawnOverAnEarlierOneIsItsHoleAndTheyEncloseNothing) {
+    TLGeoPolygon polygon;
+    double square[] = {0, 0, 10, 0, 10, 10, 0, 10};
+    polygon.CreateRing(square, 4);
+    polygon.CreateRing(square, 4);
+    polygon.EndEntity();
+    EXPECT_EQ(polygon.Forward(), 1);  // the second turns as a hole
+    EXPECT_FALSE(polygon.GetRing(0)->IsClockwise());
+    EXPECT_TRUE(polygon.GetRing(1)->IsClockwise());
+    EXPECT_EQ(polygon.GetArea(), 0);
+    EXPECT_FALSE(polygon.IsValid());
+
+    // Two equal squares apart stay two outer rings.
+    TLGeoPolygon apart;
+    double other[] = {20, 0, 30, 0, 30, 10, 20, 10};
+    apart.CreateRing(square, 4);
+    apart.CreateRing(other, 4);
+    apart.EndEntity();
+    EXPECT_EQ(apart.Forward(), 0);
+    EXPECT_EQ(apart.GetArea(), 200);
+}
+
 TEST(Measures, AreaLengthAndPerimeterCountHolesAndEveryPart) {
     TLGeoPolygon polygon = squareWithHole();
     EXPECT_EQ(polygon.GetArea(), 96);
