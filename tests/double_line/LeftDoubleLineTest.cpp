@@ -176,14 +176,10 @@ TEST_F(LeftDoubleLine, CollinearVerticesGiveACornerThatIsNotFinite) {
     click(100, 100);
     click(200, 100);
     click(300, 100);
+    // The computed line has a corner that is no number there; the host keeps no such shape, so
+    // only the clicked line is written.
     EXPECT_TRUE(type("E"));
-    const Paths pair = committedPair();
-    ASSERT_EQ(pair.size(), 2u);
-    EXPECT_EQ(pair[0], (Path{{100, 100}, {200, 100}, {300, 100}}));
-    ASSERT_EQ(pair[1].size(), 3u);
-    EXPECT_EQ(pair[1][0], (XY{100, 90}));
-    EXPECT_FALSE(std::isfinite(pair[1][1].first));
-    EXPECT_EQ(pair[1][2], (XY{300, 90}));
+    EXPECT_EQ(onlyFeatureParts(roads), (Paths{{{100, 100}, {200, 100}, {300, 100}}}));
     EXPECT_TRUE(failures.empty());
 }
 
