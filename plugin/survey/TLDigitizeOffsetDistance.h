@@ -40,11 +40,6 @@ public:
     bool EndEntity(TLPoint& p);
     void showOffsetDistanceDialog(TLTool* tool, bool show);
 
-    // What the dialog has asked for and what the clicks gave.
-    int pendingCode() const { return pickCode; }
-    const TLPoint& clickedA() const { return pointA; }
-    const TLPoint& clickedB() const { return pointB; }
-
 private:
     bool canEdit() const;
 

@@ -1,6 +1,7 @@
 #include "survey/TMOffsetDistance.h"
 
 #include <QButtonGroup>
+#include <QFile>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -36,11 +37,17 @@ QLineEdit* namedEdit(QWidget* parent, const char* name) {
     return edit;
 }
 
+// The artwork is not always among the resources; without it the widget keeps its plain look
+// rather than asking for a missing image at every paint.
+void setImageStyle(QWidget* widget, const char* image, const QString& style) {
+    if (QFile::exists(QLatin1String(image))) widget->setStyleSheet(style);
+}
+
 QPushButton* pickButton(QWidget* parent, const char* name, const QString& text) {
     QPushButton* button = named<QPushButton>(parent, name, text);
     button->setFixedSize(21, 23);
-    // The image may be missing from the resources; the letter still shows then.
-    button->setStyleSheet("background-image: url(:/icon/Choose-point.png);");
+    setImageStyle(button, ":/icon/Choose-point.png",
+                  "background-image: url(:/icon/Choose-point.png);");
     return button;
 }
 
@@ -81,11 +88,9 @@ void TMOffsetDistance::buildWidgets() {
     setWindowTitle(QObject::tr("Offset distance measurement"));
     resize(482, 468);
     auto* top = new QHBoxLayout;
+    top->setSpacing(4);
     top->addWidget(buildSketch());
-    auto* distances = new QVBoxLayout;
-    distances->addWidget(buildDistanceL1());
-    distances->addWidget(buildDistanceL2());
-    top->addLayout(distances, 1);
+    top->addWidget(buildDistanceL1(), 1);
 
     mPushButtonCalculatePointP =
         named<QPushButton>(this, "mPushButtonCalculatePointP", QObject::tr("Calculate P"));
@@ -97,8 +102,11 @@ void TMOffsetDistance::buildWidgets() {
     buttons->addWidget(mPushButtonDrawPointP);
 
     auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(6, 6, 6, 6);
+    layout->setSpacing(4);
     layout->addWidget(buildKnownPoints());
     layout->addLayout(top);
+    layout->addWidget(buildDistanceL2());
     layout->addWidget(buildPointP());
     layout->addLayout(buttons);
 }
@@ -122,7 +130,8 @@ QGroupBox* TMOffsetDistance::buildSketch() {
     mGroupBoxSketchMap = named<QGroupBox>(this, "mGroupBoxSketchMap", QObject::tr("Sketch map"));
     mLabelSketchMap = named<QLabel>(mGroupBoxSketchMap, "mLabelSketchMap");
     mLabelSketchMap->setMinimumSize(161, 141);
-    mLabelSketchMap->setStyleSheet("border-image: url(:/DigitizeGraphics/_OffsetDistance.png);");
+    setImageStyle(mLabelSketchMap, ":/DigitizeGraphics/_OffsetDistance.png",
+                  "border-image: url(:/DigitizeGraphics/_OffsetDistance.png);");
     auto* layout = new QVBoxLayout(mGroupBoxSketchMap);
     layout->addWidget(mLabelSketchMap);
     return mGroupBoxSketchMap;
