@@ -23,6 +23,7 @@ TLDigitizeOffsetDistance::TLDigitizeOffsetDistance(TLToolBuddy* buddy) : TLTool(
 
 TLDigitizeOffsetDistance::~TLDigitizeOffsetDistance() {
     delete dialog;
+    delete retired;
 }
 
 void TLDigitizeOffsetDistance::Reset() {
@@ -50,9 +51,11 @@ void TLDigitizeOffsetDistance::deactivate() {
     if (dialog) {
         // This may run inside one of the dialog's own slots (Escape, "Draw P"): it goes once
         // control is back in the event loop, and hears nothing of the tool meanwhile.
+        delete retired;
         dialog->setTool(nullptr);
         dialog->hide();
         dialog->deleteLater();
+        retired = dialog;
         dialog = nullptr;
     }
     editor = nullptr;
@@ -119,7 +122,10 @@ bool TLDigitizeOffsetDistance::EndEntity(TLPoint& p) {
 
 void TLDigitizeOffsetDistance::showOffsetDistanceDialog(TLTool* tool, bool show) {
     if (!mBuddy) return;
-    if (!dialog) dialog = new TMOffsetDistance;
+    if (!dialog) {
+        delete retired;
+        dialog = new TMOffsetDistance;
+    }
     dialog->attachToMainWindow(mBuddy);
     dialog->move(250, 80);
     dialog->resetForm();

@@ -53,6 +53,9 @@ private:
     TLPoint pointP;
     // Guarded: the dialog is a child of the main window and may go with it.
     QPointer<TMOffsetDistance> dialog;
+    // A dialog let go by deactivate, still waiting for the event loop to delete it. Whatever is
+    // left of it goes at the latest with the tool, while the dialog's code is still loaded.
+    QPointer<TMOffsetDistance> retired;
 };
 
 }  // namespace TMObjects
