@@ -70,7 +70,15 @@ bool TLDigitizeOffsetDistance::canEdit() const {
 }
 
 bool TLDigitizeOffsetDistance::OnMouseDown(TLMouseButton button, int x, int y) {
-    if (!mBuddy || !canEdit()) return false;
+    if (!mBuddy) return false;
+    if (!canEdit()) {
+        // The click is refused, but a form that stepped aside for it comes back as it was, so
+        // that the user is not left without one.
+        if (button == TLLeftButton && dialog && dialog->isHidden() && !dialog->wasClosed() &&
+            !dialog->pendingPick().isEmpty())
+            dialog->show();
+        return false;
+    }
     if (button == TLLeftButton) {
         const TLPoint p = ToMapCoordinates(TLPoint(x, y), nullptr);
         pickedX = TLSurveyText::coordinate(p.x);

@@ -142,6 +142,16 @@ TEST_F(OffsetDistanceTest, PickButtonsTakeTheNextLeftClick) {
     EXPECT_EQ(featureCount(roads), 1);
 }
 
+TEST_F(OffsetDistanceTest, ReadOnlyEditLayerRefusesThePickAndBringsTheFormBack) {
+    roads->SetEditable(false);
+    pick("TLDigitizeOffsetDistance");
+    clickButton("mPushButtonA");
+    EXPECT_FALSE(dispatcher->MouseDown(TLLeftButton, 100, 100));
+    EXPECT_TRUE(dialog()->isVisible());
+    EXPECT_EQ(field("mLineEditAAbscissa"), "");
+    EXPECT_TRUE(tool()->isActive());
+}
+
 TEST_F(OffsetDistanceTest, ClosingTheWindowKeepsTheToolAndAClickWithoutPickBringsNothingBack) {
     pick("TLDigitizeOffsetDistance");
     set("mLineEditL1Length", "7");
