@@ -1,11 +1,149 @@
 #include "survey/TLDigitizeOffsetDistance.h"
 
+#include "survey/TLSurveyScratchLayer.h"
+#include "survey/TLSurveyText.h"
+#include "survey/TMOffsetDistance.h"
+#include "tlmap/TLEditor.h"
+#include "tlmap/TLFeatureLayer.h"
+#include "tlmap/TLMap.h"
+#include "tlmap/TLMapView.h"
+#include "tlmap/TLToolBuddy.h"
+
 namespace TMObjects {
+
+namespace {
+
+constexpr int kDrawP = 3;
+
+}  // namespace
 
 TLDigitizeOffsetDistance::TLDigitizeOffsetDistance() = default;
 
 TLDigitizeOffsetDistance::TLDigitizeOffsetDistance(TLToolBuddy* buddy) : TLTool(buddy) {}
 
-TLDigitizeOffsetDistance::~TLDigitizeOffsetDistance() = default;
+TLDigitizeOffsetDistance::~TLDigitizeOffsetDistance() {
+    delete dialog;
+    delete retired;
+}
+
+void TLDigitizeOffsetDistance::Reset() {
+    pickCode = 0;
+    pickedX = TLString();
+    pickedY = TLString();
+    pointA = TLPoint();
+    pointB = TLPoint();
+    pointP = TLPoint();
+}
+
+void TLDigitizeOffsetDistance::activate() {
+    mActive = true;
+    Reset();
+    TLMapView* view = mBuddy ? mBuddy->GetMapView() : nullptr;
+    if (!view || !view->GetMap()) return;
+    // The form comes up first and goes again at once when there is no edit layer.
+    showOffsetDistanceDialog(this, true);
+    editor = view->GetMap()->editor();
+    layer = dynamic_cast<TLFeatureLayer*>(editor->edit_layer());
+    if (!layer) deactivate();
+}
+
+void TLDigitizeOffsetDistance::deactivate() {
+    if (dialog) {
+        // This may run inside one of the dialog's own slots (Escape, "Draw P"): it goes once
+        // control is back in the event loop, and hears nothing of the tool meanwhile.
+        delete retired;
+        dialog->setTool(nullptr);
+        dialog->hide();
+        dialog->deleteLater();
+        retired = dialog;
+        dialog = nullptr;
+    }
+    editor = nullptr;
+    layer = nullptr;
+    // The buddy stays, so that the tool can be activated again without Init.
+    if (mBuddy) mBuddy->UnregisterTool(this, false);
+    TLTool::deactivate();
+}
+
+bool TLDigitizeOffsetDistance::canEdit() const {
+    return editor && layer && layer->IsValid() && layer->IsEditable();
+}
+
+bool TLDigitizeOffsetDistance::OnMouseDown(TLMouseButton button, int x, int y) {
+    if (!mBuddy) return false;
+    if (!canEdit()) {
+        // The click is refused, but a form that stepped aside for it comes back as it was, so
+        // that the user is not left without one.
+        if (button == TLLeftButton && dialog && dialog->isHidden() && !dialog->wasClosed() &&
+            !dialog->pendingPick().isEmpty())
+            dialog->show();
+        return false;
+    }
+    if (button == TLLeftButton) {
+        const TLPoint p = ToMapCoordinates(TLPoint(x, y), nullptr);
+        pickedX = TLSurveyText::coordinate(p.x);
+        pickedY = TLSurveyText::coordinate(p.y);
+        if (pickCode == 1) pointA = p;
+        if (pickCode == 2) pointB = p;
+    }
+    if (dialog) dialog->onMapClick(int(button), 1);
+    return true;
+}
+
+bool TLDigitizeOffsetDistance::OnMouseUp(TLMouseButton, int, int) {
+    return true;
+}
+
+bool TLDigitizeOffsetDistance::OnMouseMove(TLMouseButton, int, int) {
+    return true;
+}
+
+bool TLDigitizeOffsetDistance::OnDblClick(TLMouseButton button, int, int) {
+    if (dialog) dialog->onMapClick(int(button), 2);
+    return true;
+}
+
+bool TLDigitizeOffsetDistance::processInformation(TLString& x, TLString& y) {
+    // The code stays: a further left click picks the same point again.
+    x = pickedX;
+    y = pickedY;
+    return true;
+}
+
+bool TLDigitizeOffsetDistance::setInformation(TLString text) {
+    pickCode = text.ToInt();
+    return true;
+}
+
+bool TLDigitizeOffsetDistance::setMultipleInformation(TLArray<TLString> texts) {
+    if (pickCode != kDrawP || texts.empty()) return false;
+    bool drawn = false;
+    if (TLSurveyText::cutPoint(texts.GetAt(0), pointP)) drawn = EndEntity(pointP);
+    if (drawn) mBuddy->GetMapView()->UpdateView(true);
+    Reset();
+    return drawn;
+}
+
+bool TLDigitizeOffsetDistance::EndEntity(TLPoint& p) {
+    return TLSurveyScratchLayer::addPoint(mBuddy, p);
+}
+
+void TLDigitizeOffsetDistance::showOffsetDistanceDialog(TLTool* tool, bool show) {
+    if (!mBuddy) return;
+    if (!dialog) {
+        delete retired;
+        dialog = new TMOffsetDistance;
+    }
+    dialog->attachToMainWindow(mBuddy);
+    dialog->move(250, 80);
+    dialog->resetForm();
+    if (tool) dialog->setTool(dynamic_cast<TLDigitizeOffsetDistance*>(tool));
+    if (show) {
+        dialog->move(250, 80);
+        dialog->show();
+    } else {
+        dialog->hide();
+    }
+}
 
 }  // namespace TMObjects
