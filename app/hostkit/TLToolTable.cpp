@@ -40,7 +40,7 @@ const std::vector<TLToolTable::Entry>& TLToolTable::Entries() {
         {"TLCmdDigitizeFlag", "DigitizeFlag", "Plotted symbols", Built},
         {"TLCmdDigitizeRing", "DigitizeRing", "Curves and parallel lines", Built},
         {"TLDigitizeStreamLine", "DigitizeStreamLine", "Curves and parallel lines", NoBehaviour},
-        {"TLDigitizeOffsetDistance", nullptr, "Survey construction", NotBuilt},
+        {"TLDigitizeOffsetDistance", nullptr, "Survey construction", Built},
         {"TLDigitizeParallelLine", nullptr, "Survey construction", NoBehaviour},
         {"TLDigitizeVerticalDistance", nullptr, "Survey construction", NoBehaviour},
         {"TLDigitizeMicroTraverse", nullptr, "Survey construction", NotBuilt},
