@@ -182,8 +182,11 @@ void TMEditPointWidget::fillTables() {
     }
     if (!isLineOrPolygon(mGeometry.get())) return;
     const int parts = partCount(mGeometry.get());
-    for (int i = 0; i < parts; ++i)
-        mPathModel.appendRow(new QStandardItem(QString::asprintf("path %d", i)));
+    for (int i = 0; i < parts; ++i) {
+        auto* item = new QStandardItem(QString::asprintf("path %d", i));
+        item->setEditable(false);
+        mPathModel.appendRow(item);
+    }
     if (parts > 0) mCurrentPath = 0;
     fillPointRows(0);
 }
@@ -208,9 +211,10 @@ void TMEditPointWidget::fillPointRows(int index) {
 }
 
 void TMEditPointWidget::addPointRow(int number, double x, double y, const double* z) {
+    auto* numberItem = new QStandardItem(QString::asprintf("point %d", number));
+    numberItem->setEditable(false);
     QList<QStandardItem*> row;
-    row << new QStandardItem(QString::asprintf("point %d", number))
-        << new QStandardItem(formatted(x)) << new QStandardItem(formatted(y))
+    row << numberItem << new QStandardItem(formatted(x)) << new QStandardItem(formatted(y))
         << new QStandardItem(z ? formatted(*z) : QString());
     mPointModel.appendRow(row);
 }
