@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QWidget>
 #include <memory>
 
 #include "CommandSession.h"
@@ -8,7 +9,6 @@
 
 class QStandardItemModel;
 class QTableView;
-class QWidget;
 
 namespace TMObjects {
 
