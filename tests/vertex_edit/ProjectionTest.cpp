@@ -1,4 +1,3 @@
-
 #include "VertexEditSession.h"
 #include "edit/TLToolEditPoint.h"
 #include "tlgeo/TLGeoPolyline.h"
