@@ -2,6 +2,9 @@
 #include <QTableView>
 
 #include "VertexEditSession.h"
+#include "edit/TLToolEditLine.h"
+#include "tlgeo/TLGeoPolygon.h"
+#include "tlgeo/TLGeoPolyline.h"
 #include "tlmap/TLEditor.h"
 #include "tlmap/TLRubberBand.h"
 
@@ -153,6 +156,71 @@ TEST_F(EditLine, OnlyThePointNumberCellFlashesTheVertex) {
     // The view is centred on the vertex.
     EXPECT_EQ(view->GetVisibleRect().Center().x, 300);
     EXPECT_EQ(view->GetVisibleRect().Center().y, 200);
+}
+
+TEST_F(EditLine, ZValuesAreShownEditedAndPartOfTheRingCheck) {
+    TLFeatureLayer* contours = addLayer("contours", TLLayer::LineLayer);
+    TLRefPtr<TLGeoPolyline> line(new TLGeoPolyline);
+    line->AddXY(100, 400);
+    line->AddXY(200, 400);
+    double heights[] = {12.5, 14.0};
+    line->SetRawPointsZValue(heights, 2);
+    TLFeature feature;
+    feature.SetGeometry(line);
+    const int contour = contours->GetDatasource()->Insert(feature);
+
+    click(150, 400);
+    EXPECT_FALSE(table("mTableViewPoint")->isColumnHidden(3));
+    EXPECT_EQ(column("mTableViewPoint", 3), (Column{"12.500000", "14.000000"}));
+    typeCell(1, 3, "15.25");
+    clickButton("mBtnOk");
+    TLRefPtr<TLFeature> stored = contours->GetFeature(contour);
+    auto* written = dynamic_cast<TLGeoPolyline*>(stored->GetGeometry().get());
+    ASSERT_NE(written, nullptr);
+    double* z = nullptr;
+    int count = 0;
+    ASSERT_TRUE(written->GetRawPointsZValue(&z, count));
+    ASSERT_EQ(count, 2);
+    EXPECT_EQ(z[0], 12.5);
+    EXPECT_EQ(z[1], 15.25);
+
+    // A ring whose ends differ only in height is open too.
+    TLFeatureLayer* roofs = addLayer("roofs", TLLayer::PolygonLayer);
+    TLRefPtr<TLGeoPolygon> ring(new TLGeoPolygon);
+    for (XY p : {XY{500, 300}, XY{600, 300}, XY{600, 400}}) ring->AddXY(p.first, p.second);
+    ring->EndEntity();
+    ring->put_HasZ(true);
+    TLFeature roof;
+    roof.SetGeometry(ring);
+    roofs->GetDatasource()->Insert(roof);
+    click(580, 320);
+    EXPECT_EQ(column("mTableViewPoint", 3),
+              (Column{"0.000000", "0.000000", "0.000000", "0.000000"}));
+    typeCell(3, 3, "2");
+    answerer.Queue("OK");
+    clickButton("mBtnOk");
+    ASSERT_EQ(answerer.Records().size(), 1u);
+    EXPECT_EQ(answerer.Records()[0].text, "The first and the last point  must be same!");
+    EXPECT_EQ(map->editor()->UndoCount(), 1);
+}
+
+TEST_F(EditLine, CentringOnAVertexGoesToTheFeaturesCentroid) {
+    auto* tool = dynamic_cast<TLToolEditLine*>(poolTool("TLToolEditLine"));
+    ASSERT_NE(tool, nullptr);
+    tool->centerPoint(100, 100);
+    EXPECT_EQ(view->GetVisibleRect().Center(), TLPoint(400, 300));
+    click(150, 100);
+    tool->centerPoint(400, 305);
+    EXPECT_EQ(view->GetVisibleRect().Center(), TLPoint(400, 300));
+    tool->centerPoint(420, 300);
+    EXPECT_EQ(view->GetVisibleRect().Center(), TLPoint(420, 300));
+    EXPECT_EQ(view->GetVisibleRect().Width(), 800);
+    tool->centerPoint(100, 100);
+    const TLPoint centroid = roads->GetFeature(road)->GetGeometry()->Centroid();
+    EXPECT_NEAR(view->GetVisibleRect().Center().x, centroid.x, 1e-9);
+    EXPECT_NEAR(view->GetVisibleRect().Center().y, centroid.y, 1e-9);
+    // The mark is let go at once.
+    EXPECT_TRUE(view->RubberBands().empty());
 }
 
 }  // namespace
