@@ -75,6 +75,9 @@ bool TLToolEditPoint::pickInLayer(TLFeatureLayer* layer, const TLPoint& click, d
         mVertexIndex = vertex;
         mX = vx;
         mY = vy;
+        // Other features near the click were only candidates: the highlight shows the pick.
+        layer->ClearSelect(false);
+        layer->AddSelect(candidate.id);
         return true;
     }
     layer->ClearSelect(false);

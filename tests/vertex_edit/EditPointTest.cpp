@@ -42,6 +42,17 @@ TEST_F(EditPoint, AClickNearAVertexShowsItsCoordinatesAndSelectsTheFeature) {
     EXPECT_TRUE(shown("TMEditPointDlg")->windowFlags() & Qt::WindowStaysOnTopHint);
 }
 
+TEST_F(EditPoint, OnlyThePickedFeatureStaysSelected) {
+    // A second line crossing near the first one's vertex: both are candidates of the click.
+    const int crossing = addLine(roads, {{190, 50}, {210, 150}});
+    click(201, 101);
+    EXPECT_EQ(roads->GetSelectedIds(), std::vector<int>{road});
+    EXPECT_EQ(tool->pickedVertexIndex(), 1);
+    click(210, 149);
+    EXPECT_EQ(roads->GetSelectedIds(), std::vector<int>{crossing});
+    EXPECT_EQ(textOf("yEdit"), "150.000000");
+}
+
 TEST_F(EditPoint, AMissZeroesAVisibleDialogAndLeavesAHiddenOneHidden) {
     click(600, 500);
     EXPECT_EQ(shown("xEdit"), nullptr);
