@@ -1,6 +1,7 @@
 #include "hostkit/TLDialogDriver.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QAbstractSpinBox>
 #include <QApplication>
 #include <QComboBox>
@@ -9,6 +10,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QSpinBox>
+#include <QTableView>
 #include <QTextEdit>
 
 namespace TMObjects {
@@ -52,6 +54,45 @@ bool setNumber(QAbstractSpinBox* box, const QString& value, std::string& error) 
         error = "\"" + value.toStdString() + "\" is no number the box " +
                 box->objectName().toStdString() + " takes";
     return inRange;
+}
+
+// "ROW COLUMN TEXT": the text goes into that cell as its editor would hand it over, so that the
+// dialog hears dataChanged.
+bool setCell(QAbstractItemView* view, const QString& value, std::string& error) {
+    const QStringList words = value.split(' ');
+    bool rowRead = false, columnRead = false;
+    const int row = words.value(0).toInt(&rowRead);
+    const int column = words.value(1).toInt(&columnRead);
+    QAbstractItemModel* model = view->model();
+    const QModelIndex cell =
+        model && rowRead && columnRead ? model->index(row, column) : QModelIndex();
+    if (!cell.isValid() || words.size() < 3) {
+        error = "the table " + view->objectName().toStdString() + " has no cell \"" +
+                value.toStdString() + "\"; a cell is set as \"ROW COLUMN TEXT\"";
+        return false;
+    }
+    if (!(model->flags(cell) & Qt::ItemIsEditable)) {
+        error = "the cell " + std::to_string(row) + " " + std::to_string(column) + " of " +
+                view->objectName().toStdString() + " cannot be edited";
+        return false;
+    }
+    model->setData(cell, words.mid(2).join(' '), Qt::EditRole);
+    return true;
+}
+
+// Rows joined by "; ", the cells of the columns shown joined by ", ".
+QString tableText(QAbstractItemView* view) {
+    QAbstractItemModel* model = view->model();
+    auto* table = qobject_cast<QTableView*>(view);
+    QStringList rows;
+    for (int row = 0; model && row < model->rowCount(); ++row) {
+        QStringList cells;
+        for (int column = 0; column < model->columnCount(); ++column)
+            if (!table || !table->isColumnHidden(column))
+                cells << model->index(row, column).data().toString();
+        rows << cells.join(", ");
+    }
+    return rows.join("; ");
 }
 
 // "&Compute" shows as "Compute"; "&&" is a shown ampersand.
@@ -101,6 +142,7 @@ bool TLDialogDriver::Set(QWidget* widget, const std::string& value, std::string&
         if (button->isChecked() != (value == "on")) button->click();
         return true;
     }
+    if (auto* table = qobject_cast<QAbstractItemView*>(widget)) return setCell(table, text, error);
     error = "the widget " + widget->objectName().toStdString() + " takes no value";
     return false;
 }
@@ -136,6 +178,8 @@ std::string TLDialogDriver::Text(QWidget* widget) {
     else if (auto* button = qobject_cast<QAbstractButton*>(widget))
         text = button->isCheckable() ? QString(button->isChecked() ? "on" : "off")
                                      : withoutMnemonic(button->text());
+    else if (auto* table = qobject_cast<QAbstractItemView*>(widget))
+        text = tableText(table);
     else
         text = widget->windowTitle();
     return text.toStdString();

@@ -17,13 +17,14 @@ public:
     static QWidget* Find(const std::string& objectName, std::string& error);
     // Gives the widget a value as typing or picking would, so that the dialog hears of it: the
     // text of a line edit or text box, the entry of a combo box, the number of a spin box, "on" or
-    // "off" of a check box or radio button. False with the reason when the widget takes no value
-    // or not this one.
+    // "off" of a check box or radio button, "ROW COLUMN TEXT" for an editable cell of a table.
+    // False with the reason when the widget takes no value or not this one.
     static bool Set(QWidget* widget, const std::string& value, std::string& error);
     // Clicks a button. False with the reason for a widget that is no button or is disabled.
     static bool Click(QWidget* widget, std::string& error);
     // What the widget shows: its text (a button's without the mnemonic's "&"), the entry picked,
-    // the number, "on" or "off".
+    // the number, "on" or "off"; a table's rows joined by "; ", with the cells of its shown
+    // columns joined by ", ".
     static std::string Text(QWidget* widget);
 };
 

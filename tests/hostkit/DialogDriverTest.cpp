@@ -7,6 +7,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QStandardItemModel>
+#include <QTableView>
 #include <QVBoxLayout>
 
 #include "hostkit/TLDialogDriver.h"
@@ -98,6 +100,34 @@ TEST_F(DialogDriver, WhatAWidgetCannotTakeIsRefusedWithTheReasonAndLeavesItAsItW
     EXPECT_FALSE(TLDialogDriver::Click(find("mPushButtonCompute"), error));
     EXPECT_NE(error.find("disabled"), std::string::npos) << error;
     EXPECT_TRUE(result->text().isEmpty());
+}
+
+TEST_F(DialogDriver, ACellOfATableIsTypedIntoAndTheTableReadsRowByRow) {
+    QDialog window;
+    auto* table = new QTableView(&window);
+    table->setObjectName("mTableViewPoint");
+    QStandardItemModel model(0, 3);
+    table->setModel(&model);
+    for (const char* name : {"point 0", "point 1"}) {
+        auto* number = new QStandardItem(name);
+        number->setEditable(false);
+        model.appendRow({number, new QStandardItem("1.5"), new QStandardItem("z")});
+    }
+    table->setColumnHidden(2, true);
+    window.show();
+    QStringList changed;
+    QObject::connect(&model, &QStandardItemModel::dataChanged,
+                     [&](const QModelIndex& cell) { changed << cell.data().toString(); });
+
+    std::string error;
+    ASSERT_TRUE(TLDialogDriver::Set(find("mTableViewPoint"), "1 1 -2.25 m", error)) << error;
+    EXPECT_EQ(changed, QStringList{"-2.25 m"});
+    EXPECT_EQ(TLDialogDriver::Text(find("mTableViewPoint")), "point 0, 1.5; point 1, -2.25 m");
+    EXPECT_FALSE(TLDialogDriver::Set(find("mTableViewPoint"), "0 0 point 9", error));
+    EXPECT_NE(error.find("cannot be edited"), std::string::npos) << error;
+    EXPECT_FALSE(TLDialogDriver::Set(find("mTableViewPoint"), "5 1 3", error));
+    EXPECT_FALSE(TLDialogDriver::Set(find("mTableViewPoint"), "1 1", error));
+    EXPECT_EQ(changed.size(), 1);
 }
 
 TEST_F(DialogDriver, OnlyWidgetsOnScreenAreFound) {

@@ -1,0 +1,6 @@
+#include "edit/ReadOnlyDelegate.h"
+
+QWidget* ReadOnlyDelegate::createEditor(QWidget*, const QStyleOptionViewItem&,
+                                        const QModelIndex&) const {
+    return nullptr;
+}
