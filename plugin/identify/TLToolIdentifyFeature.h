@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPointer>
 #include <vector>
 
 #include "TLPluginExport.h"
@@ -47,7 +48,8 @@ private:
     double mStartMapY = 0.0;
     double mStartDevX = 0.0;
     double mStartDevY = 0.0;
-    TMIdentify* mIdentifyDlg = nullptr;
+    // Guarded: the dialog is a child of the main window and may go with it.
+    QPointer<TMIdentify> mIdentifyDlg;
     std::vector<TLIdentifyLayerPick> mLayerPicks;
     double mPickXMin = 0.0;
     double mPickXMax = 0.0;

@@ -92,6 +92,18 @@ TEST_F(IdentifyDialog, TheDialogShowsItsWidgetsAndIsKeptUntilDeactivate) {
     EXPECT_EQ(dialog(), nullptr);
 }
 
+TEST_F(IdentifyDialog, AMainWindowClosedFirstTakesTheDialogWithIt) {
+    auto* wells = addTable("wells", TLLayer::PointLayer, {"NAME:string"});
+    addPoint(wells, 100, 100, {"NAME=W1"});
+    clickAt(100, 100);
+    ASSERT_NE(dialog(), nullptr);
+    mainWindow.reset();
+    dispatcher->Deactivate();
+    dispatcher->Activate(poolTool("TLToolIdentifyFeature"));
+    clickAt(100, 100);
+    EXPECT_EQ(comboRows(), QStringList{"wells"});
+}
+
 TEST_F(IdentifyDialog, ValuesReadAsFormattedAndSystemFieldsAreLeftOut) {
     map->SetSpatialReference(TLSpatialObjectFactory::LoadCoordinateSystem("EPSG:4326"));
     auto* parcels = addTable("parcels", TLLayer::PointLayer,
