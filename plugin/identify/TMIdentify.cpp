@@ -102,17 +102,11 @@ void TMIdentify::buildWidgets() {
     mLabelUnits->setObjectName(QStringLiteral("mLabelUnits"));
     mLabelUnits->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     buildTable();
-    textEdit_info = new QTextEdit(this);
-    textEdit_info->setObjectName(QStringLiteral("textEdit_info"));
-    textEdit_info->setEnabled(false);
-    textEdit_info->setMaximumHeight(40);
-    QFont font = textEdit_info->font();
-    font.setPointSize(10);
-    font.setWeight(75);
-    textEdit_info->setFont(font);
-    textEdit_info->setStyleSheet(QStringLiteral("color:#FF0000"));
-    textEdit_info->setPlaceholderText(QObject::tr("No elements are selected on this layer"));
+    buildInfoBox();
+    layoutWidgets();
+}
 
+void TMIdentify::layoutWidgets() {
     auto* layersRow = new QHBoxLayout;
     layersRow->setObjectName(QStringLiteral("horizontalLayout_3"));
     layersRow->addWidget(mLabelLayers);
@@ -137,6 +131,25 @@ void TMIdentify::buildWidgets() {
     layout->setContentsMargins(2, 2, 2, 2);
     layout->addLayout(layersRow);
     layout->addLayout(body, 1);
+}
+
+// The box shows its two messages as placeholder text only, in red.
+void TMIdentify::buildInfoBox() {
+    textEdit_info = new QTextEdit(this);
+    textEdit_info->setObjectName(QStringLiteral("textEdit_info"));
+    textEdit_info->setEnabled(false);
+    textEdit_info->setMaximumHeight(40);
+    QFont font = textEdit_info->font();
+    font.setPointSize(10);
+    font.setWeight(75);
+    textEdit_info->setFont(font);
+    textEdit_info->setStyleSheet(QStringLiteral("color:#FF0000"));
+    // The style sheet colours typed text only; the messages are placeholders.
+    QPalette palette = textEdit_info->palette();
+    for (QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})
+        palette.setColor(group, QPalette::PlaceholderText, QColor(255, 0, 0));
+    textEdit_info->setPalette(palette);
+    textEdit_info->setPlaceholderText(QObject::tr("No elements are selected on this layer"));
 }
 
 void TMIdentify::buildTable() {

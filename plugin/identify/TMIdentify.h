@@ -50,6 +50,8 @@ public:
 private:
     void buildWidgets();
     void buildTable();
+    void buildInfoBox();
+    void layoutWidgets();
     void connectWidgets();
     void setUnits(int unit);
     TMObjects::TLFeatureLayer* featureLayer(int layerId) const;

@@ -75,6 +75,9 @@ TEST_F(IdentifyDialog, TheDialogShowsItsWidgetsAndIsKeptUntilDeactivate) {
     EXPECT_EQ(textOf("mLabelLocation"), "Location");
     EXPECT_EQ(textOf("mLabelUnits"), "UnknownUnit");
     EXPECT_FALSE(shown("mLineEditLocation")->isEnabled());
+    QWidget* info = shown("textEdit_info");
+    EXPECT_EQ(info->palette().color(QPalette::Disabled, QPalette::PlaceholderText),
+              QColor(255, 0, 0));
     EXPECT_EQ(headers(), (QStringList{"Field", "Alias", "Value"}));
     // No display field: the root reads "layer:" and the feature rows are blank.
     EXPECT_EQ(treeRows(), (QStringList{"wells:", "  "}));
