@@ -51,8 +51,8 @@ TLFeatureLayer* IdentifySession::addTable(const char* name, TLLayer::LayerType t
                                           const QStringList& fields, const char* crs,
                                           int position) {
     TLFields table;
-    for (const QString& spec : fields) {
-        const QStringList parts = spec.split(':');
+    for (const QString& field : fields) {
+        const QStringList parts = field.split(':');
         table.AddField(TLString(parts[0].toStdWString()), typeOf(parts.value(1)), 0,
                        parts.value(2).toInt());
     }
