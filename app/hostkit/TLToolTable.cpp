@@ -50,7 +50,7 @@ const std::vector<TLToolTable::Entry>& TLToolTable::Entries() {
         {"TLDigitizeBackwardIntersection", nullptr, "Survey construction", NotBuilt},
         {"TLToolViewPixelVal", nullptr, "Raster analysis", NotBuilt},
         {"TLToolPixelInspector", nullptr, "Raster analysis", NotBuilt},
-        {"TLToolIdentifyFeature", nullptr, "Identify", NotBuilt},
+        {"TLToolIdentifyFeature", nullptr, "Identify", Built},
         {"TLToolIdentifyRoute", nullptr, "Identify", NoBehaviour},
         {"TLToolBisectingLine", nullptr, "Feature editing", NoBehaviour},
         {"TLToolEditAttributes", nullptr, "Attribute editing", NotBuilt},

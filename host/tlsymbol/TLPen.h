@@ -19,7 +19,7 @@ public:
     TLColor color;
 };
 
-// A drawing style of the host's symbol library (tlsymbol/TLStyle.h); most calls take null.
+// A drawing style of the host's symbol library (tlsymbol/TLStyle.h).
 class TLStyle;
 class TLImage;
 

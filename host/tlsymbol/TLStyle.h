@@ -1,11 +1,14 @@
 #pragma once
 
+#include "tlbase/TLRefBase.h"
+
 namespace TMObjects {
 
-// A drawing style of the symbol library, handed to the view's flashing and drawing calls.
-class TLStyle {
+// A drawing style of the symbol library: how a geometry is stroked or filled when the view
+// draws or flashes it.
+class TLStyle : public TLRefBase {
 public:
-    virtual ~TLStyle() = default;
+    ~TLStyle() override = default;
 };
 
 }  // namespace TMObjects

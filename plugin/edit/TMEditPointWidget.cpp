@@ -238,12 +238,12 @@ void TMEditPointWidget::clickPoint(const QModelIndex& index) {
     mMapView->PanToBound(TLRect(x, x, y, y));
     mMapView->UpdateMap();
     TLRefPtr<TLGeoPoint> point(new TLGeoPoint(x, y));
-    TLStyleSimplePoint style;
-    style.SetShapeType(1);
-    style.SetColor(TLColor(255, 0, 0));
-    style.SetWidth(3.0);
-    style.SetHeight(3.0);
-    mMapView->TwinkleGeometry(point.get(), &style, 3);
+    TLRefPtr<TLStyleSimplePoint> style(new TLStyleSimplePoint);
+    style->SetShapeType(1);
+    style->SetColor(TLColor(255, 0, 0));
+    style->SetWidth(3.0);
+    style->SetHeight(3.0);
+    mMapView->TwinkleGeometry(point.get(), style.get(), 3);
 }
 
 void TMEditPointWidget::editPoint(const QModelIndex& topLeft, const QModelIndex& bottomRight,
