@@ -7,6 +7,7 @@
 #include "tlmap/TLFeatureRender.h"
 #include "tlmap/TLLayerEditBuffer.h"
 #include "tlmap/TLMap.h"
+#include "tlmap/TLSingleSymbolRender.h"
 
 namespace TMObjects {
 
@@ -36,6 +37,8 @@ TLFeatureLayer::TLFeatureLayer(const TLString& name, LayerType type, TLRefPtr<TL
       mEditBuffer(std::make_unique<TLLayerEditBuffer>(this)),
       mKeeper(std::make_unique<SelectionKeeper>(this)) {
     mTable->AddListener(mKeeper.get());
+    TLRefPtr<TLStyle> style = TLSingleSymbolRender::DefaultStyle(type);
+    if (style) SetSymbolRender(TLRefPtr<TLFeatureRender>(new TLSingleSymbolRender(style)));
 }
 
 TLFeatureLayer::~TLFeatureLayer() {
@@ -141,6 +144,10 @@ void TLFeatureLayer::SetSymbolRender(TLRefPtr<TLFeatureRender> render) {
 
 TLRefPtr<TLFeatureRender> TLFeatureLayer::GetSymbolRender() const {
     return mRender.dynamicCast<TLFeatureRender>();
+}
+
+TLRefPtr<TLFeatureRender> TLFeatureLayer::GetRender() const {
+    return GetSymbolRender();
 }
 
 void TLFeatureLayer::AddObserver(TLLayerObserver* observer) {

@@ -36,6 +36,7 @@ public:
 
     int IsValid() const override;
     TLRect GetExtent() const override;
+    bool IsFeatureLayer() const override { return true; }
 
     TLLayerEditBuffer* layer_edit_buffer() const { return mEditBuffer.get(); }
     TLQueryFilter query_filter() const { return mStandingFilter; }
@@ -80,6 +81,9 @@ public:
 
     void SetSymbolRender(TLRefPtr<TLFeatureRender> render);
     TLRefPtr<TLFeatureRender> GetSymbolRender() const;
+    // The render the layer is drawn with; a new layer has a single symbol render with the plain
+    // symbol of its kind, so that it always has something to show and to export.
+    virtual TLRefPtr<TLFeatureRender> GetRender() const;
 
     void AddObserver(TLLayerObserver* observer);
     void RemoveObserver(TLLayerObserver* observer);

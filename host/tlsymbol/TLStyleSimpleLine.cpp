@@ -1,0 +1,7 @@
+#include "tlsymbol/TLStyleSimpleLine.h"
+
+namespace TMObjects {
+
+TLStyleSimpleLine::~TLStyleSimpleLine() = default;
+
+}  // namespace TMObjects
