@@ -5,6 +5,7 @@
 
 #include "tlmap/TLEditor.h"
 #include "tlmap/TLFeatureRender.h"
+#include "tlmap/TLLabelProperty.h"
 #include "tlmap/TLLayerEditBuffer.h"
 #include "tlmap/TLMap.h"
 #include "tlmap/TLSingleSymbolRender.h"
@@ -148,6 +149,14 @@ TLRefPtr<TLFeatureRender> TLFeatureLayer::GetSymbolRender() const {
 
 TLRefPtr<TLFeatureRender> TLFeatureLayer::GetRender() const {
     return GetSymbolRender();
+}
+
+TLRefPtr<TLLabelProperty> TLFeatureLayer::default_property() const {
+    return mLabelProperty.dynamicCast<TLLabelProperty>();
+}
+
+void TLFeatureLayer::set_default_property(TLRefPtr<TLLabelProperty> property) {
+    mLabelProperty = TLRefPtr<TLRefBase>(property.get());
 }
 
 void TLFeatureLayer::AddObserver(TLLayerObserver* observer) {

@@ -15,6 +15,7 @@ namespace TMObjects {
 class TLEditor;
 class TLLayerEditBuffer;
 class TLFeatureRender;
+class TLLabelProperty;
 
 // Told when a layer's observers are notified (a finished drawing command, a saved edit).
 class TLLayerObserver {
@@ -85,6 +86,12 @@ public:
     // symbol of its kind, so that it always has something to show and to export.
     virtual TLRefPtr<TLFeatureRender> GetRender() const;
 
+    // Labels are drawn when shown and the layer has a label property.
+    bool display_label() const { return mDisplayLabel; }
+    void set_display_label(bool display) { mDisplayLabel = display; }
+    TLRefPtr<TLLabelProperty> default_property() const;
+    void set_default_property(TLRefPtr<TLLabelProperty> property);
+
     void AddObserver(TLLayerObserver* observer);
     void RemoveObserver(TLLayerObserver* observer);
     // The change notification: each observer hears (this layer, hint).
@@ -102,6 +109,8 @@ private:
     TLEditor* mOperationEditor = nullptr;
     bool mOperationOpen = false;
     TLRefPtr<TLRefBase> mRender;
+    bool mDisplayLabel = false;
+    TLRefPtr<TLRefBase> mLabelProperty;
     std::vector<TLLayerObserver*> mObservers;
     std::unique_ptr<SelectionKeeper> mKeeper;
 };
