@@ -1,6 +1,7 @@
 #include "export/TLSldRuleWriter.h"
 
 #include "TLToolText.h"
+#include "export/TLSldLabelWriter.h"
 #include "export/TLSldNumber.h"
 #include "tlmap/TLCategorizedSymbolRender.h"
 #include "tlmap/TLFeatureLayer.h"
@@ -102,6 +103,7 @@ void TLSldRuleWriter::appendSymbols(QDomElement& rule, const TLFeatureLayer& lay
                                     const TLRefPtr<TLStyle>& style) const {
     for (const QDomElement& symbolizer : symbolizers(style, layer.GetAlpha()))
         rule.appendChild(symbolizer);
+    TLSldLabelWriter(mDocument).appendLabel(rule, layer);
 }
 
 }  // namespace TMObjects

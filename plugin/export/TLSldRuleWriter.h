@@ -52,6 +52,7 @@ private:
     void appendFiltered(QDomElement& featureTypeStyle, const TLFeatureLayer& layer,
                         const QString& value, const QString& field, bool parseExpression,
                         const TLRefPtr<TLStyle>& style) const;
+    // The style's symbolizers, then the layer's label.
     void appendSymbols(QDomElement& rule, const TLFeatureLayer& layer,
                        const TLRefPtr<TLStyle>& style) const;
 
