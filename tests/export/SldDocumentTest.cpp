@@ -8,9 +8,13 @@
 
 #include "SldShape.h"
 #include "export/TLSldDocumentWriter.h"
+#include "tlmap/TLCategorizedSymbolRender.h"
+#include "tlmap/TLLabelProperty.h"
 #include "tlmap/TLRasterLayer.h"
 #include "tlmap/TLSingleSymbolRender.h"
 #include "tlsde/TLField.h"
+#include "tlsymbol/TLStyleLineFill.h"
+#include "tlsymbol/TLStylePointFill.h"
 #include "tlsymbol/TLStyleSimpleLine.h"
 
 namespace TMObjects {
@@ -101,9 +105,34 @@ protected:
     QString path(const char* name) const { return mDir.filePath(name); }
 };
 
+// Categories with markup characters, every fill kind and a label with a background box.
+TLRefPtr<TLFeatureLayer> parcels() {
+    TLRefPtr<TLCategorizedSymbolRender> render(new TLCategorizedSymbolRender("USE"));
+    TLRefPtr<TLStylePointFill> dots(new TLStylePointFill());
+    dots->SetFillType(TLStylePointFill::StaggeredFill);
+    dots->SetDecoratePointStyle(TLSingleSymbolRender::DefaultStyle(TLLayer::PointLayer));
+    render->AddItem(
+        TLRefPtr<TLCategoryRenderItem>(new TLCategoryRenderItem("a<b & \"c\"", "", dots)));
+    TLRefPtr<TLStyleLineFill> hatch(new TLStyleLineFill());
+    hatch->SetDecorateLineStyle(TLSingleSymbolRender::DefaultStyle(TLLayer::LineLayer));
+    render->AddItem(TLRefPtr<TLCategoryRenderItem>(new TLCategoryRenderItem("10,20", "", hatch)));
+    render->AddItem(TLRefPtr<TLCategoryRenderItem>(new TLCategoryRenderItem(
+        "farm and forest", "", TLSingleSymbolRender::DefaultStyle(TLLayer::PolygonLayer))));
+    TLRefPtr<TLFeatureLayer> layer = layerWith("parcels.gpkg", TLLayer::PolygonLayer, render);
+    TLRefPtr<TLLabelProperty> label(new TLLabelProperty());
+    label->SetExpression(0, "OWNER");
+    label->put_BackgroundMode(TLLabelProperty::SquareBackground);
+    label->put_BackgroundStyle(TLSingleSymbolRender::DefaultStyle(TLLayer::PolygonLayer));
+    layer->set_default_property(label);
+    layer->set_display_label(true);
+    layer->SetVisibleScales(100, 50000);
+    layer->SetAlpha(0.6);
+    return layer;
+}
+
 TEST_F(SldFile, WrittenDocumentIsWellFormedAndReadsBack) {
-    const QString target = path("roads.sld");
-    ASSERT_TRUE(TLSldDocumentWriter().writeLayer(roads().get(), target));
+    const QString target = path("parcels.sld");
+    ASSERT_TRUE(TLSldDocumentWriter().writeLayer(parcels().get(), target));
     QProcess lint;
     lint.start("xmllint", {"--noout", target});
     ASSERT_TRUE(lint.waitForFinished(20000));
@@ -119,6 +148,14 @@ TEST_F(SldFile, WrittenDocumentIsWellFormedAndReadsBack) {
     ASSERT_TRUE(back.setContent(text, true));
     EXPECT_EQ(back.documentElement().localName(), "StyledLayerDescriptor");
     EXPECT_EQ(back.documentElement().namespaceURI(), "http://www.opengis.net/sld");
+    EXPECT_EQ(back.elementsByTagNameNS(TLSldDocumentWriter::SldNamespace, "Rule").count(), 3);
+    EXPECT_EQ(back.elementsByTagNameNS(TLSldDocumentWriter::SldNamespace, "TextSymbolizer").count(),
+              3);
+    EXPECT_EQ(back.elementsByTagNameNS(TLSldDocumentWriter::OgcNamespace, "Literal")
+                  .at(0)
+                  .toElement()
+                  .text(),
+              "a<b & \"c\"");
 }
 
 TEST_F(SldFile, ReplacesAnOldFileWholeAndLeavesNothingWhenItCannotWrite) {
