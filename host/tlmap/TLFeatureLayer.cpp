@@ -5,8 +5,10 @@
 
 #include "tlmap/TLEditor.h"
 #include "tlmap/TLFeatureRender.h"
+#include "tlmap/TLLabelProperty.h"
 #include "tlmap/TLLayerEditBuffer.h"
 #include "tlmap/TLMap.h"
+#include "tlmap/TLSingleSymbolRender.h"
 
 namespace TMObjects {
 
@@ -36,6 +38,8 @@ TLFeatureLayer::TLFeatureLayer(const TLString& name, LayerType type, TLRefPtr<TL
       mEditBuffer(std::make_unique<TLLayerEditBuffer>(this)),
       mKeeper(std::make_unique<SelectionKeeper>(this)) {
     mTable->AddListener(mKeeper.get());
+    TLRefPtr<TLStyle> style = TLSingleSymbolRender::DefaultStyle(type);
+    if (style) SetSymbolRender(TLRefPtr<TLFeatureRender>(new TLSingleSymbolRender(style)));
 }
 
 TLFeatureLayer::~TLFeatureLayer() {
@@ -141,6 +145,18 @@ void TLFeatureLayer::SetSymbolRender(TLRefPtr<TLFeatureRender> render) {
 
 TLRefPtr<TLFeatureRender> TLFeatureLayer::GetSymbolRender() const {
     return mRender.dynamicCast<TLFeatureRender>();
+}
+
+TLRefPtr<TLFeatureRender> TLFeatureLayer::GetRender() const {
+    return GetSymbolRender();
+}
+
+TLRefPtr<TLLabelProperty> TLFeatureLayer::default_property() const {
+    return mLabelProperty.dynamicCast<TLLabelProperty>();
+}
+
+void TLFeatureLayer::set_default_property(TLRefPtr<TLLabelProperty> property) {
+    mLabelProperty = TLRefPtr<TLRefBase>(property.get());
 }
 
 void TLFeatureLayer::AddObserver(TLLayerObserver* observer) {

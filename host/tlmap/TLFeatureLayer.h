@@ -15,6 +15,7 @@ namespace TMObjects {
 class TLEditor;
 class TLLayerEditBuffer;
 class TLFeatureRender;
+class TLLabelProperty;
 
 // Told when a layer's observers are notified (a finished drawing command, a saved edit).
 class TLLayerObserver {
@@ -36,6 +37,7 @@ public:
 
     int IsValid() const override;
     TLRect GetExtent() const override;
+    bool IsFeatureLayer() const override { return true; }
 
     TLLayerEditBuffer* layer_edit_buffer() const { return mEditBuffer.get(); }
     TLQueryFilter query_filter() const { return mStandingFilter; }
@@ -80,6 +82,15 @@ public:
 
     void SetSymbolRender(TLRefPtr<TLFeatureRender> render);
     TLRefPtr<TLFeatureRender> GetSymbolRender() const;
+    // The render the layer is drawn with; a new layer has a single symbol render with the plain
+    // symbol of its kind, so that it always has something to show and to export.
+    virtual TLRefPtr<TLFeatureRender> GetRender() const;
+
+    // Labels are drawn when shown and the layer has a label property.
+    bool display_label() const { return mDisplayLabel; }
+    void set_display_label(bool display) { mDisplayLabel = display; }
+    TLRefPtr<TLLabelProperty> default_property() const;
+    void set_default_property(TLRefPtr<TLLabelProperty> property);
 
     void AddObserver(TLLayerObserver* observer);
     void RemoveObserver(TLLayerObserver* observer);
@@ -98,6 +109,8 @@ private:
     TLEditor* mOperationEditor = nullptr;
     bool mOperationOpen = false;
     TLRefPtr<TLRefBase> mRender;
+    bool mDisplayLabel = false;
+    TLRefPtr<TLRefBase> mLabelProperty;
     std::vector<TLLayerObserver*> mObservers;
     std::unique_ptr<SelectionKeeper> mKeeper;
 };

@@ -26,6 +26,9 @@ public:
 
     virtual int IsValid() const;
     virtual TLRect GetExtent() const = 0;
+    // What the layer holds, for code that handles features and rasters differently.
+    virtual bool IsFeatureLayer() const { return false; }
+    virtual bool IsRasterLayer() const { return false; }
 
     bool IsEditable() const { return mEditable; }
     void SetEditable(bool editable) { mEditable = editable; }

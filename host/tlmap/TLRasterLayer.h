@@ -26,6 +26,7 @@ public:
     int IsValid() const override;
     // The bound of the four corners, in the layer's coordinates.
     TLRect GetExtent() const override;
+    bool IsRasterLayer() const override { return true; }
 
     const TLString& GetSource() const { return mSource; }
     int GetColumnCount() const { return mColumns; }

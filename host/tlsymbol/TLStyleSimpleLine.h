@@ -1,26 +1,21 @@
 #pragma once
 
-#include "tlbase/TLColor.h"
-#include "tlsymbol/TLStyle.h"
+#include "tlsymbol/TLStyleLine.h"
 
 namespace TMObjects {
 
-// A plain solid stroke: its width is in `units` (0: pixels), its colour as given.
-class TLStyleSimpleLine : public TLStyle {
+// A plain pen line; the dash style is a pen style (1 solid, 2 dash, 3 dot and so on).
+class TLStyleSimpleLine : public TLStyleLine {
 public:
-    TLStyleSimpleLine(int units, const TLColor& colour, double width);
+    TLStyleSimpleLine() = default;
+    ~TLStyleSimpleLine() override;
 
-    int GetUnits() const { return mUnits; }
-    TLColor GetColor() const { return mColour; }
-    void SetColor(const TLColor& colour) { mColour = colour; }
-    double GetWidth() const { return mWidth; }
-    // A negative or non-finite width would draw nothing: it becomes the thinnest stroke.
-    void SetWidth(double width);
+    int GetTypeID() const override { return SimpleLineType; }
+    int GetDashStyle() const { return mDashStyle; }
+    void SetDashStyle(int style) { mDashStyle = style; }
 
 private:
-    int mUnits;
-    TLColor mColour;
-    double mWidth = 0.0;
+    int mDashStyle = 1;
 };
 
 }  // namespace TMObjects

@@ -1,27 +1,29 @@
 #pragma once
 
-#include "tlbase/TLColor.h"
-#include "tlsymbol/TLStyle.h"
+#include "tlsymbol/TLStylePoint.h"
 
 namespace TMObjects {
 
-// A point marker: a shape (0 circle, 1 square), its colour and its size in pixels.
-class TLStyleSimplePoint : public TLStyle {
+// A plain geometric marker, filled with the style's colour and outlined.
+class TLStyleSimplePoint : public TLStylePoint {
 public:
-    void SetShapeType(int shape) { mShape = shape; }
+    enum Shape { Square = 0, Circle = 1, Diamond = 2, Triangle = 3 };
+
+    TLStyleSimplePoint() = default;
+    ~TLStyleSimplePoint() override;
+
+    int GetTypeID() const override { return SimplePointType; }
     int GetShapeType() const { return mShape; }
-    void SetColor(const TLColor& colour) { mColor = colour; }
-    TLColor GetColor() const { return mColor; }
-    void SetWidth(double width) { mWidth = width; }
-    double GetWidth() const { return mWidth; }
-    void SetHeight(double height) { mHeight = height; }
-    double GetHeight() const { return mHeight; }
+    TLColor GetOutlineColor() const { return mOutlineColor; }
+    double GetOutlineWidth() const { return mOutlineWidth; }
+    void SetShapeType(int shape) { mShape = shape; }
+    void SetOutlineColor(const TLColor& color) { mOutlineColor = color; }
+    void SetOutlineWidth(double width) { mOutlineWidth = width; }
 
 private:
-    int mShape = 0;
-    TLColor mColor;
-    double mWidth = 1.0;
-    double mHeight = 1.0;
+    int mShape = Circle;
+    TLColor mOutlineColor;
+    double mOutlineWidth = 0.0;
 };
 
 }  // namespace TMObjects

@@ -24,6 +24,7 @@
 #include "tlmap/TLSelection.h"
 #include "tlmap/TLToolBuddy.h"
 #include "tlsparef/TLGeometryProject.h"
+#include "tlsymbol/TLStyleLength.h"
 #include "tlsymbol/TLStyleSimpleLine.h"
 
 using namespace TMObjects;
@@ -67,9 +68,11 @@ const TLFields& fieldsOf(TLFeatureLayer* layer, const TLFeature& feature) {
 }  // namespace
 
 TMIdentify::TMIdentify(QWidget* parent)
-    : QDialog(parent, Qt::WindowFlags(0x8000003)),
-      mTwinkleStyle(
-          new TLStyleSimpleLine(0, TLSelectionEnvironment::Instance()->GetOutLineColor(), 2.0)) {
+    : QDialog(parent, Qt::WindowFlags(0x8000003)), mTwinkleStyle(new TLStyleSimpleLine) {
+    // The flash is a plain line of two pixels in the selection's outline colour.
+    mTwinkleStyle->SetUnits(TLStyleLength::Pixel);
+    mTwinkleStyle->SetColor(TLSelectionEnvironment::Instance()->GetOutLineColor());
+    mTwinkleStyle->SetWidth(2.0);
     buildWidgets();
     connectWidgets();
 }

@@ -169,7 +169,7 @@ TEST(MapLayers, MemoryLayerAndLayerServices) {
     EXPECT_FALSE(scratch->IsSameCoordinateSystem(nullptr));
     EXPECT_TRUE(Layer("none")->IsSameCoordinateSystem(nullptr));
 
-    EXPECT_TRUE(scratch->GetSymbolRender().IsNull());
+    EXPECT_EQ(scratch->GetSymbolRender()->GetRenderKind(), TLFeatureRender::SingleSymbol);
     TLRefPtr<TLFeatureRender> render(new TLFeatureRender());
     scratch->SetSymbolRender(render);
     EXPECT_EQ(scratch->GetSymbolRender().get(), render.get());

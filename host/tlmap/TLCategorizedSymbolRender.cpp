@@ -1,0 +1,15 @@
+#include "tlmap/TLCategorizedSymbolRender.h"
+
+namespace TMObjects {
+
+TLCategorizedSymbolRender::TLCategorizedSymbolRender(const TLString& expression)
+    : TLFeatureRender(Categorized), mExpression(expression) {}
+
+TLCategorizedSymbolRender::~TLCategorizedSymbolRender() = default;
+
+TLRefPtr<TLCategoryRenderItem> TLCategorizedSymbolRender::GetCategoryRenderItem(int index) const {
+    if (index < 0 || index >= GetItemCount()) return TLRefPtr<TLCategoryRenderItem>();
+    return mItems[std::size_t(index)];
+}
+
+}  // namespace TMObjects

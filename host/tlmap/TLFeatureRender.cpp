@@ -1,0 +1,7 @@
+#include "tlmap/TLFeatureRender.h"
+
+namespace TMObjects {
+
+TLFeatureRender::~TLFeatureRender() = default;
+
+}  // namespace TMObjects

@@ -1,0 +1,7 @@
+#include "tlsymbol/TLStyle.h"
+
+namespace TMObjects {
+
+TLStyle::~TLStyle() = default;
+
+}  // namespace TMObjects

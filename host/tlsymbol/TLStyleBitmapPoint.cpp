@@ -1,0 +1,7 @@
+#include "tlsymbol/TLStyleBitmapPoint.h"
+
+namespace TMObjects {
+
+TLStyleBitmapPoint::~TLStyleBitmapPoint() = default;
+
+}  // namespace TMObjects

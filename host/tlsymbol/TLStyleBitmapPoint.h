@@ -1,0 +1,22 @@
+#pragma once
+
+#include "tlbase/TLString.h"
+#include "tlsymbol/TLStylePoint.h"
+
+namespace TMObjects {
+
+// A picture file drawn at the point.
+class TLStyleBitmapPoint : public TLStylePoint {
+public:
+    TLStyleBitmapPoint() = default;
+    ~TLStyleBitmapPoint() override;
+
+    int GetTypeID() const override { return BitmapPointType; }
+    TLString GetFileName() const { return mFileName; }
+    void SetFileName(const TLString& path) { mFileName = path; }
+
+private:
+    TLString mFileName;
+};
+
+}  // namespace TMObjects

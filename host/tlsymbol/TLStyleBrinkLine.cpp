@@ -1,0 +1,7 @@
+#include "tlsymbol/TLStyleBrinkLine.h"
+
+namespace TMObjects {
+
+TLStyleBrinkLine::~TLStyleBrinkLine() = default;
+
+}  // namespace TMObjects

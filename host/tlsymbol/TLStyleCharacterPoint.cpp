@@ -1,0 +1,7 @@
+#include "tlsymbol/TLStyleCharacterPoint.h"
+
+namespace TMObjects {
+
+TLStyleCharacterPoint::~TLStyleCharacterPoint() = default;
+
+}  // namespace TMObjects

@@ -1,0 +1,7 @@
+#include "tlsymbol/TLStyleFill.h"
+
+namespace TMObjects {
+
+TLStyleFill::~TLStyleFill() = default;
+
+}  // namespace TMObjects

@@ -1,0 +1,7 @@
+#include "tlsymbol/TLStyleLine.h"
+
+namespace TMObjects {
+
+TLStyleLine::~TLStyleLine() = default;
+
+}  // namespace TMObjects

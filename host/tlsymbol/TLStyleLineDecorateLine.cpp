@@ -1,0 +1,7 @@
+#include "tlsymbol/TLStyleLineDecorateLine.h"
+
+namespace TMObjects {
+
+TLStyleLineDecorateLine::~TLStyleLineDecorateLine() = default;
+
+}  // namespace TMObjects

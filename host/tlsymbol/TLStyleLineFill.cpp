@@ -1,0 +1,7 @@
+#include "tlsymbol/TLStyleLineFill.h"
+
+namespace TMObjects {
+
+TLStyleLineFill::~TLStyleLineFill() = default;
+
+}  // namespace TMObjects

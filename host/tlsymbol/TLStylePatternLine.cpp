@@ -1,0 +1,7 @@
+#include "tlsymbol/TLStylePatternLine.h"
+
+namespace TMObjects {
+
+TLStylePatternLine::~TLStylePatternLine() = default;
+
+}  // namespace TMObjects

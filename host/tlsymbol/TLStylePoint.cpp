@@ -1,0 +1,7 @@
+#include "tlsymbol/TLStylePoint.h"
+
+namespace TMObjects {
+
+TLStylePoint::~TLStylePoint() = default;
+
+}  // namespace TMObjects

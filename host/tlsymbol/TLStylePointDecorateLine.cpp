@@ -1,0 +1,7 @@
+#include "tlsymbol/TLStylePointDecorateLine.h"
+
+namespace TMObjects {
+
+TLStylePointDecorateLine::~TLStylePointDecorateLine() = default;
+
+}  // namespace TMObjects

@@ -1,0 +1,7 @@
+#include "tlsymbol/TLStylePointFill.h"
+
+namespace TMObjects {
+
+TLStylePointFill::~TLStylePointFill() = default;
+
+}  // namespace TMObjects

@@ -1,0 +1,7 @@
+#include "tlsymbol/TLStyleScriptFill.h"
+
+namespace TMObjects {
+
+TLStyleScriptFill::~TLStyleScriptFill() = default;
+
+}  // namespace TMObjects

@@ -1,0 +1,7 @@
+#include "tlsymbol/TLStyleScriptLine.h"
+
+namespace TMObjects {
+
+TLStyleScriptLine::~TLStyleScriptLine() = default;
+
+}  // namespace TMObjects

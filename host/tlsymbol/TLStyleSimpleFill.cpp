@@ -1,0 +1,7 @@
+#include "tlsymbol/TLStyleSimpleFill.h"
+
+namespace TMObjects {
+
+TLStyleSimpleFill::~TLStyleSimpleFill() = default;
+
+}  // namespace TMObjects

@@ -1,0 +1,7 @@
+#include "tlsymbol/TLStyleSimplePoint.h"
+
+namespace TMObjects {
+
+TLStyleSimplePoint::~TLStyleSimplePoint() = default;
+
+}  // namespace TMObjects
