@@ -1,11 +1,200 @@
 #include "survey/TLDigitizeMicroTraverse.h"
 
+#include "survey/TLSurveyScratchLayer.h"
+#include "survey/TLSurveyText.h"
+#include "survey/TMMicroTraverse.h"
+#include "tlmap/TLEditor.h"
+#include "tlmap/TLFeatureLayer.h"
+#include "tlmap/TLMap.h"
+#include "tlmap/TLMapView.h"
+#include "tlmap/TLRubberBand.h"
+#include "tlmap/TLToolBuddy.h"
+
 namespace TMObjects {
+
+namespace {
+
+constexpr int kPickAngle = 3;
+constexpr int kDrawP = 4;
+
+}  // namespace
 
 TLDigitizeMicroTraverse::TLDigitizeMicroTraverse() = default;
 
 TLDigitizeMicroTraverse::TLDigitizeMicroTraverse(TLToolBuddy* buddy) : TLTool(buddy) {}
 
-TLDigitizeMicroTraverse::~TLDigitizeMicroTraverse() = default;
+TLDigitizeMicroTraverse::~TLDigitizeMicroTraverse() {
+    deleteBand();
+    delete dialog;
+    delete retired;
+}
+
+void TLDigitizeMicroTraverse::Reset() {
+    pickCode = 0;
+    pickedX = TLString();
+    pickedY = TLString();
+    pointA = TLPoint();
+    pointB = TLPoint();
+    pointP = TLPoint();
+}
+
+void TLDigitizeMicroTraverse::activate() {
+    mActive = true;
+    Reset();
+    TLMapView* view = mBuddy ? mBuddy->GetMapView() : nullptr;
+    if (!view || !view->GetMap()) return;
+    // The form comes up first and goes again at once when there is no edit layer.
+    showMicroTraverseDialog(this, true);
+    editor = view->GetMap()->editor();
+    layer = dynamic_cast<TLFeatureLayer*>(editor->edit_layer());
+    if (!layer) {
+        deactivate();
+        return;
+    }
+    makeBand();
+}
+
+void TLDigitizeMicroTraverse::makeBand() {
+    deleteBand();
+    rubberBand = new TLRubberBand(mBuddy->GetMapView(), TLRubberBand::LineBand);
+    rubberBand->SetPenStyle(TLPen::SolidLine, 1.0, TLColor(255, 0, 0));
+    rubberBand->SetBrushStyle(TLBrush::SolidPattern, TLColor(255, 0, 0, 50));
+}
+
+void TLDigitizeMicroTraverse::deleteBand() {
+    if (!rubberBand) return;
+    clearBand();
+    delete rubberBand;
+    rubberBand = nullptr;
+}
+
+void TLDigitizeMicroTraverse::clearBand() {
+    if (!rubberBand) return;
+    rubberBand->Reset(TLRubberBand::LineBand);
+    rubberBand->Update();
+}
+
+void TLDigitizeMicroTraverse::deactivate() {
+    deleteBand();
+    if (dialog) {
+        // This may run inside one of the dialog's own slots (Escape, "Draw P"): it goes once
+        // control is back in the event loop, and hears nothing of the tool meanwhile.
+        delete retired;
+        dialog->setTool(nullptr);
+        dialog->hide();
+        dialog->deleteLater();
+        retired = dialog;
+        dialog = nullptr;
+    }
+    editor = nullptr;
+    layer = nullptr;
+    // The buddy stays, so that the tool can be activated again without Init.
+    if (mBuddy) mBuddy->UnregisterTool(this, false);
+    TLTool::deactivate();
+}
+
+bool TLDigitizeMicroTraverse::canEdit() const {
+    return editor && layer && layer->IsValid() && layer->IsEditable();
+}
+
+bool TLDigitizeMicroTraverse::OnMouseDown(TLMouseButton button, int x, int y) {
+    if (!mBuddy) return false;
+    if (!canEdit()) {
+        // The click is refused, but a form that stepped aside for it comes back as it was, so
+        // that the user is not left without one.
+        if (button == TLLeftButton && dialog && dialog->isHidden() && !dialog->wasClosed() &&
+            !dialog->pendingPick().isEmpty())
+            dialog->show();
+        return false;
+    }
+    if (button == TLLeftButton) {
+        const TLPoint p = ToMapCoordinates(TLPoint(x, y), nullptr);
+        pickedX = TLSurveyText::coordinate(p.x);
+        pickedY = TLSurveyText::coordinate(p.y);
+        if (pickCode == 1) pointA = p;
+        if (pickCode == 2) pointB = p;
+        // The angle is taken: the legs to the cursor have served.
+        if (pickCode == kPickAngle) clearBand();
+    }
+    if (dialog) dialog->onMapClick(int(button), 1);
+    return true;
+}
+
+bool TLDigitizeMicroTraverse::OnMouseUp(TLMouseButton, int, int) {
+    return true;
+}
+
+bool TLDigitizeMicroTraverse::OnMouseMove(TLMouseButton, int x, int y) {
+    if (!mBuddy || !canEdit() || !rubberBand) return false;
+    const TLPoint cursor = ToMapCoordinates(TLPoint(x, y), nullptr);
+    rubberBand->Reset(TLRubberBand::LineBand);
+    if (pickCode == kPickAngle) {
+        // The angle is read at B, from the leg back to A round to the leg to the cursor.
+        rubberBand->AddPoint(pointA, -1);
+        rubberBand->AddPoint(pointB, -1);
+        rubberBand->AddPoint(cursor, -1);
+    }
+    rubberBand->Update();
+    return true;
+}
+
+bool TLDigitizeMicroTraverse::OnDblClick(TLMouseButton button, int, int) {
+    if (dialog) dialog->onMapClick(int(button), 2);
+    return true;
+}
+
+bool TLDigitizeMicroTraverse::processInformation(TLString& x, TLString& y) {
+    x = pickedX;
+    y = pickedY;
+    // The pick is answered; the dialog keeps its own code, so a further left click picks the
+    // same value again.
+    pickCode = 0;
+    return true;
+}
+
+bool TLDigitizeMicroTraverse::setInformation(TLString text) {
+    pickCode = text.ToInt();
+    return true;
+}
+
+bool TLDigitizeMicroTraverse::setMultipleInformation(TLArray<TLString> texts) {
+    if (pickCode == kPickAngle) {
+        if (texts.size() < 2) return false;
+        const bool a = TLSurveyText::cutPoint(texts.GetAt(0), pointA);
+        const bool b = TLSurveyText::cutPoint(texts.GetAt(1), pointB);
+        return a && b;
+    }
+    if (pickCode != kDrawP || texts.empty()) return false;
+    bool drawn = false;
+    if (TLSurveyText::cutPoint(texts.GetAt(0), pointP)) drawn = EndEntity(pointP);
+    if (drawn) {
+        if (rubberBand) rubberBand->Reset(TLRubberBand::LineBand);
+        mBuddy->GetMapView()->UpdateView(true);
+    }
+    Reset();
+    return drawn;
+}
+
+bool TLDigitizeMicroTraverse::EndEntity(TLPoint& p) {
+    return TLSurveyScratchLayer::addPoint(mBuddy, p);
+}
+
+void TLDigitizeMicroTraverse::showMicroTraverseDialog(TLTool* tool, bool show) {
+    if (!mBuddy) return;
+    if (!dialog) {
+        delete retired;
+        dialog = new TMMicroTraverse;
+    }
+    dialog->attachToMainWindow(mBuddy);
+    dialog->move(250, 80);
+    dialog->resetForm();
+    if (tool) dialog->setTool(dynamic_cast<TLDigitizeMicroTraverse*>(tool));
+    if (show) {
+        dialog->move(250, 80);
+        dialog->show();
+    } else {
+        dialog->hide();
+    }
+}
 
 }  // namespace TMObjects
