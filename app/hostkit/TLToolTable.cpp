@@ -43,7 +43,7 @@ const std::vector<TLToolTable::Entry>& TLToolTable::Entries() {
         {"TLDigitizeOffsetDistance", nullptr, "Survey construction", Built},
         {"TLDigitizeParallelLine", nullptr, "Survey construction", NoBehaviour},
         {"TLDigitizeVerticalDistance", nullptr, "Survey construction", NoBehaviour},
-        {"TLDigitizeMicroTraverse", nullptr, "Survey construction", NotBuilt},
+        {"TLDigitizeMicroTraverse", nullptr, "Survey construction", Built},
         {"TLDigitizeDirectionIntersection", nullptr, "Survey construction", NoBehaviour},
         {"TLDigitizeForwardIntersection", nullptr, "Survey construction", NotBuilt},
         {"TLDigitizeSideIntersection", nullptr, "Survey construction", NotBuilt},
