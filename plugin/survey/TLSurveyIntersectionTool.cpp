@@ -7,6 +7,7 @@
 #include "tlmap/TLFeatureLayer.h"
 #include "tlmap/TLMap.h"
 #include "tlmap/TLMapView.h"
+#include "tlmap/TLRubberBand.h"
 #include "tlmap/TLToolBuddy.h"
 
 namespace TMObjects {
@@ -134,7 +135,12 @@ bool TLSurveyIntersectionTool::setInformation(TLString text) {
 }
 
 bool TLSurveyIntersectionTool::setMultipleInformation(TLArray<TLString> texts) {
-    if (pickCode != drawCode() || texts.empty()) return false;
+    if (pickCode != drawCode()) return false;
+    return drawP(texts);
+}
+
+bool TLSurveyIntersectionTool::drawP(const TLArray<TLString>& texts) {
+    if (texts.empty()) return false;
     TLRect rect;
     bool drawn = false;
     if (TLSurveyText::cutPoint(texts.GetAt(0), pointP)) drawn = EndEntity(pointP, rect);
@@ -146,6 +152,30 @@ void TLSurveyIntersectionTool::afterDraw(bool drawn, const TLRect& rect) {
     if (!drawn) return;
     Reset();
     mBuddy->GetMapView()->RefreshMap(false, rect);
+}
+
+bool TLSurveyIntersectionTool::takeKnownPoints(const TLArray<TLString>& texts) {
+    if (texts.empty()) return false;
+    TLSurveyText::cutPoint(texts.GetAt(0), pointA);
+    if (texts.size() > 1) TLSurveyText::cutPoint(texts.GetAt(1), pointB);
+    return true;
+}
+
+TLRubberBand* TLSurveyIntersectionTool::makeBand() {
+    auto* band = new TLRubberBand(mBuddy->GetMapView(), TLRubberBand::LineBand);
+    band->SetPenStyle(TLPen::SolidLine, 1.0, TLColor(255, 0, 0));
+    band->SetBrushStyle(TLBrush::SolidPattern, TLColor(255, 0, 0, 50));
+    return band;
+}
+
+void TLSurveyIntersectionTool::drawLine(TLRubberBand* band, const TLPoint& first,
+                                        const TLPoint& second, const TLPoint& third) {
+    if (!band) return;
+    band->Reset(TLRubberBand::LineBand);
+    band->AddPoint(first, -1);
+    band->AddPoint(second, -1);
+    band->AddPoint(third, -1);
+    band->Update();
 }
 
 bool TLSurveyIntersectionTool::EndEntity(TLPoint& point, TLRect& rect) {

@@ -13,6 +13,7 @@ namespace TMObjects {
 
 class TLEditor;
 class TLFeatureLayer;
+class TLRubberBand;
 
 // What the intersection tools share: clicks become coordinate texts for the dialog, a pick is
 // good for one click, and the finished P goes into the survey scratch layer, after which the
@@ -54,6 +55,16 @@ protected:
     void retireDialog();
     bool canEdit() const;
     TLPoint mapPoint(int x, int y);
+    // A red line band with a faint red fill, on the map view, as the picks of angles and
+    // distances show their construction.
+    TLRubberBand* makeBand();
+    // The band emptied and redrawn as the line through the three points.
+    static void drawLine(TLRubberBand* band, const TLPoint& first, const TLPoint& second,
+                         const TLPoint& third);
+    // The texts "x,y" of the list's first two entries into A and B, as the dialog typed them.
+    bool takeKnownPoints(const TLArray<TLString>& texts);
+    // The point P of the list's first entry into the scratch layer, and the tool's own ending.
+    bool drawP(const TLArray<TLString>& texts);
 
     TLString pickedX;
     TLString pickedY;

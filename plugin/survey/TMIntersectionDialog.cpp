@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
+#include <cmath>
 
 #include "TLToolText.h"
 #include "survey/TLSurveyText.h"
@@ -152,6 +153,18 @@ bool TMIntersectionDialog::takePick(const QString& x, const QString& y) {
         return true;
     }
     return false;
+}
+
+void TMIntersectionDialog::requestObservationPick(int code) {
+    pickCodeText = QString::number(code);
+    announce(code);
+    readPoints();
+    handOver(pointTexts());
+    hide();
+}
+
+double TMIntersectionDialog::distance(double x1, double y1, double x2, double y2) {
+    return std::sqrt((x2 - x1) * (x2 - x1) + (y2 - y1) * (y2 - y1));
 }
 
 void TMIntersectionDialog::readPoints() {

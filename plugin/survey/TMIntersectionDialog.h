@@ -44,6 +44,11 @@ protected:
     QGroupBox* buildSide(const QString& title);
     // A further row for a known point in the box of A and B.
     void addKnownRow(int row, QPushButton* pick, QLineEdit* x, QLineEdit* y);
+    // A click that gives an observation: the tool hears the code and the typed A and B, for
+    // the lines it draws while the pointer moves, and the form steps aside.
+    void requestObservationPick(int code);
+    // The plain distance of two points.
+    static double distance(double x1, double y1, double x2, double y2);
     // The fields of A and B into the numbers.
     void readPoints();
     // The "x,y" texts of A and B as the numbers hold them.
