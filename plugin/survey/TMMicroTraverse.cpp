@@ -13,6 +13,7 @@
 #include "TLToolText.h"
 #include "survey/TLDigitizeMicroTraverse.h"
 #include "survey/TLSurveyText.h"
+#include "survey/TMSurveyForm.h"
 
 using TMObjects::toQString;
 
@@ -23,37 +24,6 @@ constexpr int kPickB = 2;
 constexpr int kPickAngle = 3;
 constexpr int kDrawP = 4;
 const double kPi = std::acos(-1.0);
-
-template <class W>
-W* named(QWidget* parent, const char* name, const QString& text = QString()) {
-    auto* widget = new W(text, parent);
-    widget->setObjectName(QLatin1String(name));
-    return widget;
-}
-
-QLineEdit* namedEdit(QWidget* parent, const char* name) {
-    auto* edit = new QLineEdit(parent);
-    edit->setObjectName(QLatin1String(name));
-    return edit;
-}
-
-// The artwork is not always among the resources; without it the widget keeps its plain look
-// rather than asking for a missing image at every paint.
-void setImageStyle(QWidget* widget, const char* image, const QString& style) {
-    if (QFile::exists(QLatin1String(image))) widget->setStyleSheet(style);
-}
-
-QPushButton* pickButton(QWidget* parent, const char* name, const QString& text) {
-    QPushButton* button = named<QPushButton>(parent, name, text);
-    button->setFixedSize(21, 23);
-    setImageStyle(button, ":/icon/Choose-point.png",
-                  "background-image: url(:/icon/Choose-point.png);");
-    return button;
-}
-
-QLabel* label(QWidget* parent, const char* text) {
-    return new QLabel(QObject::tr(text), parent);
-}
 
 // The direction of (dx, dy), anticlockwise from +X, in [0, 2*pi). Worked out by quadrants from
 // the arcsine, as surveyors' tables do; a null vector has direction 0.
@@ -76,12 +46,12 @@ TMMicroTraverse::TMMicroTraverse(QWidget* parent) : TMSurveyDialog(parent) {
 void TMMicroTraverse::buildWidgets() {
     setWindowTitle(QObject::tr("Micro-traverse"));
     resize(441, 348);
-    mPushButtonA = pickButton(this, "mPushButtonA", QObject::tr("A"));
-    mPushButtonB = pickButton(this, "mPushButtonB", QObject::tr("B"));
-    mLineEditAAbscissa = namedEdit(this, "mLineEditAAbscissa");
-    mLineEditAOrdinate = namedEdit(this, "mLineEditAOrdinate");
-    mLineEditBAbscissa = namedEdit(this, "mLineEditBAbscissa");
-    mLineEditBOrdinate = namedEdit(this, "mLineEditBOrdinate");
+    mPushButtonA = TMSurveyForm::pickButton(this, "mPushButtonA", QObject::tr("A"));
+    mPushButtonB = TMSurveyForm::pickButton(this, "mPushButtonB", QObject::tr("B"));
+    mLineEditAAbscissa = TMSurveyForm::edit(this, "mLineEditAAbscissa");
+    mLineEditAOrdinate = TMSurveyForm::edit(this, "mLineEditAOrdinate");
+    mLineEditBAbscissa = TMSurveyForm::edit(this, "mLineEditBAbscissa");
+    mLineEditBOrdinate = TMSurveyForm::edit(this, "mLineEditBOrdinate");
 
     auto* points = new QVBoxLayout;
     points->addWidget(buildPoint("mGroupBoxStartingPointA", "Starting point A", mPushButtonA,
@@ -93,8 +63,8 @@ void TMMicroTraverse::buildWidgets() {
     top->addLayout(points, 1);
 
     mPushButtonDrawPointP =
-        named<QPushButton>(this, "mPushButtonDrawPointP", QObject::tr("Draw P"));
-    mPushButtonClose = named<QPushButton>(this, "mPushButtonClose", QObject::tr("Close"));
+        TMSurveyForm::button(this, "mPushButtonDrawPointP", QObject::tr("Draw P"));
+    mPushButtonClose = TMSurveyForm::button(this, "mPushButtonClose", QObject::tr("Close"));
     auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);
     buttons->addWidget(mPushButtonDrawPointP);
@@ -110,11 +80,11 @@ void TMMicroTraverse::buildWidgets() {
 }
 
 QGroupBox* TMMicroTraverse::buildSketch() {
-    auto* box = named<QGroupBox>(this, "mGroupBoxSketchMap", QObject::tr("Sketch map"));
-    mLabelSketchMap = named<QLabel>(box, "mLabelSketchMap");
+    auto* box = TMSurveyForm::box(this, "mGroupBoxSketchMap", QObject::tr("Sketch map"));
+    mLabelSketchMap = TMSurveyForm::label(box, "", "mLabelSketchMap");
     mLabelSketchMap->setMinimumSize(161, 101);
-    setImageStyle(mLabelSketchMap, ":/DigitizeGraphics/_MicroTraverse.png",
-                  "border-image: url(:/DigitizeGraphics/_MicroTraverse.png);");
+    TMSurveyForm::applyImage(mLabelSketchMap, ":/DigitizeGraphics/_MicroTraverse.png",
+                             "border-image: url(:/DigitizeGraphics/_MicroTraverse.png);");
     auto* layout = new QVBoxLayout(box);
     layout->addWidget(mLabelSketchMap);
     return box;
@@ -123,42 +93,42 @@ QGroupBox* TMMicroTraverse::buildSketch() {
 // One point's group: its pick button, then x and y, each with its unit.
 QGroupBox* TMMicroTraverse::buildPoint(const char* name, const char* title, QPushButton* pick,
                                        QLineEdit* x, QLineEdit* y) {
-    auto* box = named<QGroupBox>(this, name, QObject::tr(title));
+    auto* box = TMSurveyForm::box(this, name, QObject::tr(title));
     for (QWidget* child :
          {static_cast<QWidget*>(pick), static_cast<QWidget*>(x), static_cast<QWidget*>(y)})
         child->setParent(box);
     auto* grid = new QGridLayout(box);
     grid->addWidget(pick, 0, 0, 2, 1);
-    grid->addWidget(label(box, "Abscissa"), 0, 1);
+    grid->addWidget(TMSurveyForm::label(box, "Abscissa"), 0, 1);
     grid->addWidget(x, 0, 2);
-    grid->addWidget(label(box, "m"), 0, 3);
-    grid->addWidget(label(box, "Ordinate"), 1, 1);
+    grid->addWidget(TMSurveyForm::label(box, "m"), 0, 3);
+    grid->addWidget(TMSurveyForm::label(box, "Ordinate"), 1, 1);
     grid->addWidget(y, 1, 2);
-    grid->addWidget(label(box, "m"), 1, 3);
+    grid->addWidget(TMSurveyForm::label(box, "m"), 1, 3);
     return box;
 }
 
 QGroupBox* TMMicroTraverse::buildAngle() {
-    auto* box = named<QGroupBox>(this, "mGroupBoxAngle", QObject::tr("Angle a"));
-    mPushButtonAngle = pickButton(box, "mPushButtonAngle", QObject::tr("a"));
+    auto* box = TMSurveyForm::box(this, "mGroupBoxAngle", QObject::tr("Angle a"));
+    mPushButtonAngle = TMSurveyForm::pickButton(box, "mPushButtonAngle", QObject::tr("a"));
     // Any text is taken; one that is no number reads as 0.
-    mLineEditAngle = namedEdit(box, "mLineEditAngle");
+    mLineEditAngle = TMSurveyForm::edit(box, "mLineEditAngle");
     auto* row = new QHBoxLayout(box);
     row->addWidget(mPushButtonAngle);
-    row->addWidget(label(box, "Angle   "));
+    row->addWidget(TMSurveyForm::label(box, "Angle   "));
     row->addWidget(mLineEditAngle);
-    row->addWidget(label(box, "Degree"));
+    row->addWidget(TMSurveyForm::label(box, "Degree"));
     return box;
 }
 
 QGroupBox* TMMicroTraverse::buildDistance() {
-    auto* box = named<QGroupBox>(this, "mGroupBoxDistance", QObject::tr("Distance d"));
-    mLineEditDistance = namedEdit(box, "mLineEditDistance");
+    auto* box = TMSurveyForm::box(this, "mGroupBoxDistance", QObject::tr("Distance d"));
+    mLineEditDistance = TMSurveyForm::edit(box, "mLineEditDistance");
     setLengthValidator(mLineEditDistance);
     auto* row = new QHBoxLayout(box);
-    row->addWidget(label(box, "    Distance"));
+    row->addWidget(TMSurveyForm::label(box, "    Distance"));
     row->addWidget(mLineEditDistance);
-    row->addWidget(label(box, "m"));
+    row->addWidget(TMSurveyForm::label(box, "m"));
     return box;
 }
 

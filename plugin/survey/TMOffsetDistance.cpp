@@ -15,6 +15,7 @@
 #include "TLToolText.h"
 #include "survey/TLDigitizeOffsetDistance.h"
 #include "survey/TLSurveyText.h"
+#include "survey/TMSurveyForm.h"
 
 using TMObjects::toQString;
 
@@ -24,54 +25,11 @@ constexpr int kPickA = 1;
 constexpr int kPickB = 2;
 constexpr int kDrawP = 3;
 
-template <class W>
-W* named(QWidget* parent, const char* name, const QString& text = QString()) {
-    auto* widget = new W(text, parent);
-    widget->setObjectName(QLatin1String(name));
-    return widget;
-}
-
-QLineEdit* namedEdit(QWidget* parent, const char* name) {
-    auto* edit = new QLineEdit(parent);
-    edit->setObjectName(QLatin1String(name));
-    return edit;
-}
-
-// The artwork is not always among the resources; without it the widget keeps its plain look
-// rather than asking for a missing image at every paint.
-void setImageStyle(QWidget* widget, const char* image, const QString& style) {
-    if (QFile::exists(QLatin1String(image))) widget->setStyleSheet(style);
-}
-
-QPushButton* pickButton(QWidget* parent, const char* name, const QString& text) {
-    QPushButton* button = named<QPushButton>(parent, name, text);
-    button->setFixedSize(21, 23);
-    setImageStyle(button, ":/icon/Choose-point.png",
-                  "background-image: url(:/icon/Choose-point.png);");
-    return button;
-}
-
-QLabel* label(QWidget* parent, const char* text) {
-    return new QLabel(QObject::tr(text), parent);
-}
-
-// One row of a point: its pick button, then x and y, each with its unit.
-void addPointRow(QGridLayout* grid, int row, QPushButton* pick, QLineEdit* x, QLineEdit* y) {
-    QWidget* parent = grid->parentWidget();
-    grid->addWidget(pick, row, 0);
-    grid->addWidget(label(parent, "Abscissa"), row, 1);
-    grid->addWidget(x, row, 2);
-    grid->addWidget(label(parent, "m"), row, 3);
-    grid->addWidget(label(parent, "Ordinate"), row, 4);
-    grid->addWidget(y, row, 5);
-    grid->addWidget(label(parent, "m"), row, 6);
-}
-
 QHBoxLayout* lengthRow(QWidget* parent, const char* name, QLineEdit* edit) {
     auto* row = new QHBoxLayout;
-    row->addWidget(label(parent, name));
+    row->addWidget(TMSurveyForm::label(parent, name));
     row->addWidget(edit);
-    row->addWidget(label(parent, "m"));
+    row->addWidget(TMSurveyForm::label(parent, "m"));
     return row;
 }
 
@@ -93,9 +51,9 @@ void TMOffsetDistance::buildWidgets() {
     top->addWidget(buildDistanceL1(), 1);
 
     mPushButtonCalculatePointP =
-        named<QPushButton>(this, "mPushButtonCalculatePointP", QObject::tr("Calculate P"));
+        TMSurveyForm::button(this, "mPushButtonCalculatePointP", QObject::tr("Calculate P"));
     mPushButtonDrawPointP =
-        named<QPushButton>(this, "mPushButtonDrawPointP", QObject::tr("Draw P"));
+        TMSurveyForm::button(this, "mPushButtonDrawPointP", QObject::tr("Draw P"));
     auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);
     buttons->addWidget(mPushButtonCalculatePointP);
@@ -112,43 +70,45 @@ void TMOffsetDistance::buildWidgets() {
 }
 
 QGroupBox* TMOffsetDistance::buildKnownPoints() {
-    mGroupBoxKnownPoint = named<QGroupBox>(this, "mGroupBoxKnownPoint", QObject::tr("Known point"));
+    mGroupBoxKnownPoint =
+        TMSurveyForm::box(this, "mGroupBoxKnownPoint", QObject::tr("Known point"));
     QGroupBox* box = mGroupBoxKnownPoint;
-    mPushButtonA = pickButton(box, "mPushButtonA", QObject::tr("A"));
-    mPushButtonB = pickButton(box, "mPushButtonB", QObject::tr("B"));
-    mLineEditAAbscissa = namedEdit(box, "mLineEditAAbscissa");
-    mLineEditAOrdinate = namedEdit(box, "mLineEditAOrdinate");
-    mLineEditBAbscissa = namedEdit(box, "mLineEditBAbscissa");
-    mLineEditBOrdinate = namedEdit(box, "mLineEditBOrdinate");
+    mPushButtonA = TMSurveyForm::pickButton(box, "mPushButtonA", QObject::tr("A"));
+    mPushButtonB = TMSurveyForm::pickButton(box, "mPushButtonB", QObject::tr("B"));
+    mLineEditAAbscissa = TMSurveyForm::edit(box, "mLineEditAAbscissa");
+    mLineEditAOrdinate = TMSurveyForm::edit(box, "mLineEditAOrdinate");
+    mLineEditBAbscissa = TMSurveyForm::edit(box, "mLineEditBAbscissa");
+    mLineEditBOrdinate = TMSurveyForm::edit(box, "mLineEditBOrdinate");
     auto* grid = new QGridLayout(box);
-    addPointRow(grid, 0, mPushButtonA, mLineEditAAbscissa, mLineEditAOrdinate);
-    addPointRow(grid, 1, mPushButtonB, mLineEditBAbscissa, mLineEditBOrdinate);
+    TMSurveyForm::addPointRow(grid, 0, mPushButtonA, mLineEditAAbscissa, mLineEditAOrdinate);
+    TMSurveyForm::addPointRow(grid, 1, mPushButtonB, mLineEditBAbscissa, mLineEditBOrdinate);
     return box;
 }
 
 QGroupBox* TMOffsetDistance::buildSketch() {
-    mGroupBoxSketchMap = named<QGroupBox>(this, "mGroupBoxSketchMap", QObject::tr("Sketch map"));
-    mLabelSketchMap = named<QLabel>(mGroupBoxSketchMap, "mLabelSketchMap");
+    mGroupBoxSketchMap = TMSurveyForm::box(this, "mGroupBoxSketchMap", QObject::tr("Sketch map"));
+    mLabelSketchMap = TMSurveyForm::label(mGroupBoxSketchMap, "", "mLabelSketchMap");
     mLabelSketchMap->setMinimumSize(161, 141);
-    setImageStyle(mLabelSketchMap, ":/DigitizeGraphics/_OffsetDistance.png",
-                  "border-image: url(:/DigitizeGraphics/_OffsetDistance.png);");
+    TMSurveyForm::applyImage(mLabelSketchMap, ":/DigitizeGraphics/_OffsetDistance.png",
+                             "border-image: url(:/DigitizeGraphics/_OffsetDistance.png);");
     auto* layout = new QVBoxLayout(mGroupBoxSketchMap);
     layout->addWidget(mLabelSketchMap);
     return mGroupBoxSketchMap;
 }
 
 QGroupBox* TMOffsetDistance::buildDistanceL1() {
-    mGroupBoxDistanceL1 = named<QGroupBox>(this, "mGroupBoxDistanceL1", QObject::tr("Distance L1"));
+    mGroupBoxDistanceL1 =
+        TMSurveyForm::box(this, "mGroupBoxDistanceL1", QObject::tr("Distance L1"));
     QGroupBox* box = mGroupBoxDistanceL1;
     mRadioButtonDisToA =
-        named<QRadioButton>(box, "mRadioButtonDisToA", QObject::tr("Distance to A"));
+        TMSurveyForm::radio(box, "mRadioButtonDisToA", QObject::tr("Distance to A"));
     mRadioButtonDisToB =
-        named<QRadioButton>(box, "mRadioButtonDisToB", QObject::tr("Distance to B"));
+        TMSurveyForm::radio(box, "mRadioButtonDisToB", QObject::tr("Distance to B"));
     mRadioButtonDisToA->setChecked(true);
     groupL1 = new QButtonGroup(this);
     groupL1->addButton(mRadioButtonDisToA, 0);
     groupL1->addButton(mRadioButtonDisToB, 1);
-    mLineEditL1Length = namedEdit(box, "mLineEditL1Length");
+    mLineEditL1Length = TMSurveyForm::edit(box, "mLineEditL1Length");
     setLengthValidator(mLineEditL1Length);
 
     auto* layout = new QVBoxLayout(box);
@@ -159,18 +119,19 @@ QGroupBox* TMOffsetDistance::buildDistanceL1() {
 }
 
 QGroupBox* TMOffsetDistance::buildDistanceL2() {
-    mGroupBoxDistanceL2 = named<QGroupBox>(this, "mGroupBoxDistanceL2", QObject::tr("Distance L2"));
+    mGroupBoxDistanceL2 =
+        TMSurveyForm::box(this, "mGroupBoxDistanceL2", QObject::tr("Distance L2"));
     QGroupBox* box = mGroupBoxDistanceL2;
-    mRadioButtonPtoAB = named<QRadioButton>(
+    mRadioButtonPtoAB = TMSurveyForm::radio(
         box, "mRadioButtonPtoAB", QObject::tr("Obtain perpendicular foot from P to line AB"));
-    mRadioButtonABLeft = named<QRadioButton>(box, "mRadioButtonABLeft", QObject::tr("AB left"));
-    mRadioButtonABRight = named<QRadioButton>(box, "mRadioButtonABRight", QObject::tr("AB right"));
+    mRadioButtonABLeft = TMSurveyForm::radio(box, "mRadioButtonABLeft", QObject::tr("AB left"));
+    mRadioButtonABRight = TMSurveyForm::radio(box, "mRadioButtonABRight", QObject::tr("AB right"));
     mRadioButtonPtoAB->setChecked(true);
     groupL2 = new QButtonGroup(this);
     groupL2->addButton(mRadioButtonPtoAB, 0);
     groupL2->addButton(mRadioButtonABLeft, 1);
     groupL2->addButton(mRadioButtonABRight, 2);
-    mLineEditL2Length = namedEdit(box, "mLineEditL2Length");
+    mLineEditL2Length = TMSurveyForm::edit(box, "mLineEditL2Length");
     setLengthValidator(mLineEditL2Length);
 
     auto* layout = new QVBoxLayout(box);
@@ -183,19 +144,19 @@ QGroupBox* TMOffsetDistance::buildDistanceL2() {
 
 QGroupBox* TMOffsetDistance::buildPointP() {
     mGroupBoxTheCoordinateOfP =
-        named<QGroupBox>(this, "mGroupBoxTheCoordinateOfP", QObject::tr("Coordinates of point P"));
+        TMSurveyForm::box(this, "mGroupBoxTheCoordinateOfP", QObject::tr("Coordinates of point P"));
     QGroupBox* box = mGroupBoxTheCoordinateOfP;
-    mLineEditPAbscissa = namedEdit(box, "mLineEditPAbscissa");
-    mLineEditPOrdinate = namedEdit(box, "mLineEditPOrdinate");
+    mLineEditPAbscissa = TMSurveyForm::edit(box, "mLineEditPAbscissa");
+    mLineEditPOrdinate = TMSurveyForm::edit(box, "mLineEditPOrdinate");
     mLineEditPAbscissa->setEnabled(false);
     mLineEditPOrdinate->setEnabled(false);
     auto* row = new QHBoxLayout(box);
-    row->addWidget(label(box, "Abscissa"));
+    row->addWidget(TMSurveyForm::label(box, "Abscissa"));
     row->addWidget(mLineEditPAbscissa);
-    row->addWidget(label(box, "m"));
-    row->addWidget(label(box, "Ordinate"));
+    row->addWidget(TMSurveyForm::label(box, "m"));
+    row->addWidget(TMSurveyForm::label(box, "Ordinate"));
     row->addWidget(mLineEditPOrdinate);
-    row->addWidget(label(box, "m"));
+    row->addWidget(TMSurveyForm::label(box, "m"));
     return box;
 }
 

@@ -50,6 +50,10 @@ QLabel* TMSurveyForm::label(QWidget* parent, const char* text, const char* name)
     return result;
 }
 
+void TMSurveyForm::applyImage(QWidget* widget, const char* image, const QString& style) {
+    setImageStyle(widget, QLatin1String(image), style);
+}
+
 QPushButton* TMSurveyForm::pickButton(QWidget* parent, const char* name, const QString& text) {
     QPushButton* pick = button(parent, name, text);
     pick->setFixedSize(21, 23);

@@ -20,6 +20,9 @@ public:
     static QRadioButton* radio(QWidget* parent, const char* name, const QString& text);
     static QGroupBox* box(QWidget* parent, const char* name, const QString& title);
     static QLabel* label(QWidget* parent, const char* text, const char* name = nullptr);
+    // The style sheet that shows `image`, applied only when the image is among the resources:
+    // without it the widget keeps its plain look rather than asking for it at every paint.
+    static void applyImage(QWidget* widget, const char* image, const QString& style);
     // The small pick button with its icon, when the icon is among the resources.
     static QPushButton* pickButton(QWidget* parent, const char* name, const QString& text);
     // The sketch box; the image is applied only when it is among the resources.
