@@ -2,6 +2,7 @@
 
 #include "survey/TLSurveyScratchLayer.h"
 #include "survey/TLSurveyText.h"
+#include "survey/TLSurveyToolSteps.h"
 #include "survey/TMMicroTraverse.h"
 #include "tlmap/TLEditor.h"
 #include "tlmap/TLFeatureLayer.h"
@@ -45,8 +46,7 @@ void TLDigitizeMicroTraverse::activate() {
     if (!view || !view->GetMap()) return;
     // The form comes up first and goes again at once when there is no edit layer.
     showMicroTraverseDialog(this, true);
-    editor = view->GetMap()->editor();
-    layer = dynamic_cast<TLFeatureLayer*>(editor->edit_layer());
+    layer = TLSurveyToolSteps::findEditLayer(view, editor);
     if (!layer) {
         deactivate();
         return;
@@ -56,9 +56,7 @@ void TLDigitizeMicroTraverse::activate() {
 
 void TLDigitizeMicroTraverse::makeBand() {
     deleteBand();
-    rubberBand = new TLRubberBand(mBuddy->GetMapView(), TLRubberBand::LineBand);
-    rubberBand->SetPenStyle(TLPen::SolidLine, 1.0, TLColor(255, 0, 0));
-    rubberBand->SetBrushStyle(TLBrush::SolidPattern, TLColor(255, 0, 0, 50));
+    rubberBand = TLSurveyToolSteps::makeBand(mBuddy->GetMapView());
 }
 
 void TLDigitizeMicroTraverse::deleteBand() {
@@ -76,16 +74,7 @@ void TLDigitizeMicroTraverse::clearBand() {
 
 void TLDigitizeMicroTraverse::deactivate() {
     deleteBand();
-    if (dialog) {
-        // This may run inside one of the dialog's own slots (Escape, "Draw P"): it goes once
-        // control is back in the event loop, and hears nothing of the tool meanwhile.
-        delete retired;
-        dialog->setTool(nullptr);
-        dialog->hide();
-        dialog->deleteLater();
-        retired = dialog;
-        dialog = nullptr;
-    }
+    TLSurveyToolSteps::retire(dialog, retired);
     editor = nullptr;
     layer = nullptr;
     // The buddy stays, so that the tool can be activated again without Init.
@@ -94,25 +83,15 @@ void TLDigitizeMicroTraverse::deactivate() {
 }
 
 bool TLDigitizeMicroTraverse::canEdit() const {
-    return editor && layer && layer->IsValid() && layer->IsEditable();
+    return TLSurveyToolSteps::canEdit(editor, layer);
 }
 
 bool TLDigitizeMicroTraverse::OnMouseDown(TLMouseButton button, int x, int y) {
     if (!mBuddy) return false;
-    if (!canEdit()) {
-        // The click is refused, but a form that stepped aside for it comes back as it was, so
-        // that the user is not left without one.
-        if (button == TLLeftButton && dialog && dialog->isHidden() && !dialog->wasClosed() &&
-            !dialog->pendingPick().isEmpty())
-            dialog->show();
-        return false;
-    }
+    if (!canEdit()) return TLSurveyToolSteps::refuseClick(dialog, button);
     if (button == TLLeftButton) {
         const TLPoint p = ToMapCoordinates(TLPoint(x, y), nullptr);
-        pickedX = TLSurveyText::coordinate(p.x);
-        pickedY = TLSurveyText::coordinate(p.y);
-        if (pickCode == 1) pointA = p;
-        if (pickCode == 2) pointB = p;
+        TLSurveyToolSteps::keepClick(p, pickCode, pickedX, pickedY, pointA, pointB);
         // The angle is taken: the legs to the cursor have served.
         if (pickCode == kPickAngle) clearBand();
     }
@@ -127,14 +106,12 @@ bool TLDigitizeMicroTraverse::OnMouseUp(TLMouseButton, int, int) {
 bool TLDigitizeMicroTraverse::OnMouseMove(TLMouseButton, int x, int y) {
     if (!mBuddy || !canEdit() || !rubberBand) return false;
     const TLPoint cursor = ToMapCoordinates(TLPoint(x, y), nullptr);
-    rubberBand->Reset(TLRubberBand::LineBand);
+    // The angle is read at B, from the leg back to A round to the leg to the cursor.
     if (pickCode == kPickAngle) {
-        // The angle is read at B, from the leg back to A round to the leg to the cursor.
-        rubberBand->AddPoint(pointA, -1);
-        rubberBand->AddPoint(pointB, -1);
-        rubberBand->AddPoint(cursor, -1);
+        TLSurveyToolSteps::drawLine(rubberBand, pointA, pointB, cursor);
+    } else {
+        clearBand();
     }
-    rubberBand->Update();
     return true;
 }
 

@@ -2,6 +2,7 @@
 
 #include "survey/TLSurveyScratchLayer.h"
 #include "survey/TLSurveyText.h"
+#include "survey/TLSurveyToolSteps.h"
 #include "survey/TMOffsetDistance.h"
 #include "tlmap/TLEditor.h"
 #include "tlmap/TLFeatureLayer.h"
@@ -42,22 +43,12 @@ void TLDigitizeOffsetDistance::activate() {
     if (!view || !view->GetMap()) return;
     // The form comes up first and goes again at once when there is no edit layer.
     showOffsetDistanceDialog(this, true);
-    editor = view->GetMap()->editor();
-    layer = dynamic_cast<TLFeatureLayer*>(editor->edit_layer());
+    layer = TLSurveyToolSteps::findEditLayer(view, editor);
     if (!layer) deactivate();
 }
 
 void TLDigitizeOffsetDistance::deactivate() {
-    if (dialog) {
-        // This may run inside one of the dialog's own slots (Escape, "Draw P"): it goes once
-        // control is back in the event loop, and hears nothing of the tool meanwhile.
-        delete retired;
-        dialog->setTool(nullptr);
-        dialog->hide();
-        dialog->deleteLater();
-        retired = dialog;
-        dialog = nullptr;
-    }
+    TLSurveyToolSteps::retire(dialog, retired);
     editor = nullptr;
     layer = nullptr;
     // The buddy stays, so that the tool can be activated again without Init.
@@ -66,25 +57,15 @@ void TLDigitizeOffsetDistance::deactivate() {
 }
 
 bool TLDigitizeOffsetDistance::canEdit() const {
-    return editor && layer && layer->IsValid() && layer->IsEditable();
+    return TLSurveyToolSteps::canEdit(editor, layer);
 }
 
 bool TLDigitizeOffsetDistance::OnMouseDown(TLMouseButton button, int x, int y) {
     if (!mBuddy) return false;
-    if (!canEdit()) {
-        // The click is refused, but a form that stepped aside for it comes back as it was, so
-        // that the user is not left without one.
-        if (button == TLLeftButton && dialog && dialog->isHidden() && !dialog->wasClosed() &&
-            !dialog->pendingPick().isEmpty())
-            dialog->show();
-        return false;
-    }
+    if (!canEdit()) return TLSurveyToolSteps::refuseClick(dialog, button);
     if (button == TLLeftButton) {
         const TLPoint p = ToMapCoordinates(TLPoint(x, y), nullptr);
-        pickedX = TLSurveyText::coordinate(p.x);
-        pickedY = TLSurveyText::coordinate(p.y);
-        if (pickCode == 1) pointA = p;
-        if (pickCode == 2) pointB = p;
+        TLSurveyToolSteps::keepClick(p, pickCode, pickedX, pickedY, pointA, pointB);
     }
     if (dialog) dialog->onMapClick(int(button), 1);
     return true;

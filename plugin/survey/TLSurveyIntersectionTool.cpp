@@ -2,6 +2,7 @@
 
 #include "survey/TLSurveyScratchLayer.h"
 #include "survey/TLSurveyText.h"
+#include "survey/TLSurveyToolSteps.h"
 #include "survey/TMIntersectionDialog.h"
 #include "tlmap/TLEditor.h"
 #include "tlmap/TLFeatureLayer.h"
@@ -37,8 +38,7 @@ void TLSurveyIntersectionTool::activate() {
     if (!view || !view->GetMap()) return;
     // The form comes up first and goes again at once when there is no edit layer.
     showDialog();
-    editor = view->GetMap()->editor();
-    layer = dynamic_cast<TLFeatureLayer*>(editor->edit_layer());
+    layer = TLSurveyToolSteps::findEditLayer(view, editor);
     if (!layer) {
         deactivate();
         return;
@@ -59,15 +59,7 @@ void TLSurveyIntersectionTool::showDialog() {
 }
 
 void TLSurveyIntersectionTool::retireDialog() {
-    if (!dialog) return;
-    // This may run inside one of the dialog's own slots (Escape, "Draw P"): it goes once
-    // control is back in the event loop, and hears nothing of the tool meanwhile.
-    delete retired;
-    dialog->setTool(nullptr);
-    dialog->hide();
-    dialog->deleteLater();
-    retired = dialog;
-    dialog = nullptr;
+    TLSurveyToolSteps::retire(dialog, retired);
 }
 
 void TLSurveyIntersectionTool::deactivate() {
@@ -81,7 +73,7 @@ void TLSurveyIntersectionTool::deactivate() {
 }
 
 bool TLSurveyIntersectionTool::canEdit() const {
-    return editor && layer && layer->IsValid() && layer->IsEditable();
+    return TLSurveyToolSteps::canEdit(editor, layer);
 }
 
 TLPoint TLSurveyIntersectionTool::mapPoint(int x, int y) {
@@ -90,19 +82,10 @@ TLPoint TLSurveyIntersectionTool::mapPoint(int x, int y) {
 
 bool TLSurveyIntersectionTool::OnMouseDown(TLMouseButton button, int x, int y) {
     if (!mBuddy) return false;
-    if (!canEdit()) {
-        // The click is refused, but a form that stepped aside for it comes back as it was.
-        if (button == TLLeftButton && dialog && dialog->isHidden() && !dialog->wasClosed() &&
-            !dialog->pendingPick().isEmpty())
-            dialog->show();
-        return false;
-    }
+    if (!canEdit()) return TLSurveyToolSteps::refuseClick(dialog, button);
     if (button == TLLeftButton) {
         const TLPoint p = mapPoint(x, y);
-        pickedX = TLSurveyText::coordinate(p.x);
-        pickedY = TLSurveyText::coordinate(p.y);
-        if (pickCode == 1) pointA = p;
-        if (pickCode == 2) pointB = p;
+        TLSurveyToolSteps::keepClick(p, pickCode, pickedX, pickedY, pointA, pointB);
         onPicked(p);
     }
     if (dialog) dialog->onMapClick(int(button), 1);
@@ -162,20 +145,12 @@ bool TLSurveyIntersectionTool::takeKnownPoints(const TLArray<TLString>& texts) {
 }
 
 TLRubberBand* TLSurveyIntersectionTool::makeBand() {
-    auto* band = new TLRubberBand(mBuddy->GetMapView(), TLRubberBand::LineBand);
-    band->SetPenStyle(TLPen::SolidLine, 1.0, TLColor(255, 0, 0));
-    band->SetBrushStyle(TLBrush::SolidPattern, TLColor(255, 0, 0, 50));
-    return band;
+    return TLSurveyToolSteps::makeBand(mBuddy->GetMapView());
 }
 
 void TLSurveyIntersectionTool::drawLine(TLRubberBand* band, const TLPoint& first,
                                         const TLPoint& second, const TLPoint& third) {
-    if (!band) return;
-    band->Reset(TLRubberBand::LineBand);
-    band->AddPoint(first, -1);
-    band->AddPoint(second, -1);
-    band->AddPoint(third, -1);
-    band->Update();
+    TLSurveyToolSteps::drawLine(band, first, second, third);
 }
 
 bool TLSurveyIntersectionTool::EndEntity(TLPoint& point, TLRect& rect) {
