@@ -142,8 +142,7 @@ bool TLDigitizeMicroTraverse::setMultipleInformation(TLArray<TLString> texts) {
         return a && b;
     }
     if (pickCode != kDrawP || texts.empty()) return false;
-    bool drawn = false;
-    if (TLSurveyText::cutPoint(texts.GetAt(0), pointP)) drawn = EndEntity(pointP);
+    const bool drawn = TLSurveyToolSteps::writeP(mBuddy, texts, pointP);
     if (drawn) {
         if (rubberBand) rubberBand->Reset(TLRubberBand::LineBand);
         mBuddy->GetMapView()->UpdateView(true);
@@ -157,21 +156,7 @@ bool TLDigitizeMicroTraverse::EndEntity(TLPoint& p) {
 }
 
 void TLDigitizeMicroTraverse::showMicroTraverseDialog(TLTool* tool, bool show) {
-    if (!mBuddy) return;
-    if (!dialog) {
-        delete retired;
-        dialog = new TMMicroTraverse;
-    }
-    dialog->attachToMainWindow(mBuddy);
-    dialog->move(250, 80);
-    dialog->resetForm();
-    if (tool) dialog->setTool(dynamic_cast<TLDigitizeMicroTraverse*>(tool));
-    if (show) {
-        dialog->move(250, 80);
-        dialog->show();
-    } else {
-        dialog->hide();
-    }
+    TLSurveyToolSteps::showDialog<TLDigitizeMicroTraverse>(dialog, retired, mBuddy, tool, show);
 }
 
 }  // namespace TMObjects

@@ -98,8 +98,7 @@ bool TLDigitizeOffsetDistance::setInformation(TLString text) {
 
 bool TLDigitizeOffsetDistance::setMultipleInformation(TLArray<TLString> texts) {
     if (pickCode != kDrawP || texts.empty()) return false;
-    bool drawn = false;
-    if (TLSurveyText::cutPoint(texts.GetAt(0), pointP)) drawn = EndEntity(pointP);
+    const bool drawn = TLSurveyToolSteps::writeP(mBuddy, texts, pointP);
     if (drawn) mBuddy->GetMapView()->UpdateView(true);
     Reset();
     return drawn;
@@ -110,21 +109,7 @@ bool TLDigitizeOffsetDistance::EndEntity(TLPoint& p) {
 }
 
 void TLDigitizeOffsetDistance::showOffsetDistanceDialog(TLTool* tool, bool show) {
-    if (!mBuddy) return;
-    if (!dialog) {
-        delete retired;
-        dialog = new TMOffsetDistance;
-    }
-    dialog->attachToMainWindow(mBuddy);
-    dialog->move(250, 80);
-    dialog->resetForm();
-    if (tool) dialog->setTool(dynamic_cast<TLDigitizeOffsetDistance*>(tool));
-    if (show) {
-        dialog->move(250, 80);
-        dialog->show();
-    } else {
-        dialog->hide();
-    }
+    TLSurveyToolSteps::showDialog<TLDigitizeOffsetDistance>(dialog, retired, mBuddy, tool, show);
 }
 
 }  // namespace TMObjects

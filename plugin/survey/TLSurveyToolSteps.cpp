@@ -1,5 +1,6 @@
 #include "survey/TLSurveyToolSteps.h"
 
+#include "survey/TLSurveyScratchLayer.h"
 #include "survey/TLSurveyText.h"
 #include "survey/TMSurveyDialog.h"
 #include "tlmap/TLEditor.h"
@@ -49,6 +50,11 @@ void TLSurveyToolSteps::drawLine(TLRubberBand* band, const TLPoint& first, const
     band->AddPoint(second, -1);
     band->AddPoint(third, -1);
     band->Update();
+}
+
+bool TLSurveyToolSteps::writeP(TLToolBuddy* buddy, const TLArray<TLString>& texts, TLPoint& p) {
+    if (texts.empty() || !TLSurveyText::cutPoint(texts.GetAt(0), p)) return false;
+    return TLSurveyScratchLayer::addPoint(buddy, p);
 }
 
 }  // namespace TMObjects

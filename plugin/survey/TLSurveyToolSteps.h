@@ -35,6 +35,32 @@ public:
     static void drawLine(TLRubberBand* band, const TLPoint& first, const TLPoint& second,
                          const TLPoint& third);
 
+    // The point "x,y" of the list's first entry into `p`, and from there, in map coordinates,
+    // into the survey scratch layer; false when nothing was written.
+    static bool writeP(TLToolBuddy* buddy, const TLArray<TLString>& texts, TLPoint& p);
+
+    // The tool's dialog, made when there is none, under the main window with an empty form and
+    // at its place, shown or hidden; `tool` is its tool when given.
+    template <class Tool, class Dialog>
+    static void showDialog(QPointer<Dialog>& dialog, QPointer<Dialog>& retired, TLToolBuddy* buddy,
+                           TLTool* tool, bool show) {
+        if (!buddy) return;
+        if (!dialog) {
+            delete retired;
+            dialog = new Dialog;
+        }
+        dialog->attachToMainWindow(buddy);
+        dialog->move(250, 80);
+        dialog->resetForm();
+        if (tool) dialog->setTool(dynamic_cast<Tool*>(tool));
+        if (show) {
+            dialog->move(250, 80);
+            dialog->show();
+        } else {
+            dialog->hide();
+        }
+    }
+
     // The dialog let go. This may run inside one of the dialog's own slots (Escape, "Draw P"):
     // it goes once control is back in the event loop, and hears nothing of the tool meanwhile.
     // Whatever is left of it goes at the latest with the tool, through `retired`.
