@@ -3,6 +3,7 @@
 #include <gdal_priv.h>
 #include <ogrsf_frmts.h>
 
+#include <algorithm>
 #include <climits>
 #include <filesystem>
 
@@ -18,6 +19,10 @@ namespace TMObjects {
 namespace fs = std::filesystem;
 
 namespace {
+
+// Features read between two reports of progress: often enough for a smooth bar, seldom enough
+// to cost nothing next to reading them.
+constexpr long long kProgressStep = 4096;
 
 // The authority's code where there is one, since it names the system exactly; the WKT
 // otherwise.
@@ -54,6 +59,17 @@ TLString subdatasetName(const std::string& name, const std::string& description)
 
 std::unique_ptr<TMWorkspace> TMWorkspace::Open(const TLString& path, bool editable,
                                                TLString& error) {
+    return Open(path, editable, error, Progress());
+}
+
+bool TMWorkspace::tell(long long done) {
+    mRead = done;
+    if (mProgress && !mProgress(mRead, mTotal)) mCancelled = true;
+    return !mCancelled;
+}
+
+std::unique_ptr<TMWorkspace> TMWorkspace::Open(const TLString& path, bool editable, TLString& error,
+                                               const Progress& progress) {
     TLGdalCall gdal;
     const std::string file = path.toStdString();
     GDALDatasetUniquePtr dataset(GDALDataset::Open(
@@ -70,7 +86,16 @@ std::unique_ptr<TMWorkspace> TMWorkspace::Open(const TLString& path, bool editab
     std::unique_ptr<TMWorkspace> workspace(new TMWorkspace);
     workspace->mPath = path;
     workspace->mDriver = TLString(std::string(dataset->GetDriver()->GetDescription()));
+    workspace->mProgress = progress;
+    if (progress)
+        for (OGRLayer* layer : dataset->GetLayers())
+            workspace->mTotal += std::max<long long>(0, layer->GetFeatureCount(TRUE));
     workspace->readVectors(*dataset, editable);
+    if (workspace->mCancelled) {
+        error = TLString("Opening " + file + " was cancelled.");
+        return nullptr;
+    }
+    workspace->tell(workspace->mTotal);
     workspace->readRasters(*dataset);
     if (workspace->mLayers.empty()) {
         error = TLString(file + " holds no layer that can be shown.");
@@ -95,6 +120,7 @@ void TMWorkspace::readVectors(GDALDataset& dataset, bool editable) {
         }
         TLRefPtr<TLFeatureLayer> featureLayer =
             readVector(*layer, storePathOf(dataset, *layer), editable);
+        if (mCancelled) return;
         if (featureLayer) mLayers.push_back(TLRefPtr<TLLayer>(featureLayer.get()));
     }
 }
@@ -125,6 +151,7 @@ TLRefPtr<TLFeatureLayer> TMWorkspace::readVector(OGRLayer& layer, const TLString
         bool geometryLost = false;
         table->Load(TLOgrValues::ReadFeature(*feature, *table->GetFieldsPtr(), geometryLost));
         if (geometryLost) ++lost;
+        if (++mRead % kProgressStep == 0 && !tell(mRead)) return TLRefPtr<TLFeatureLayer>();
     }
     if (lost > 0)
         mNotes.push_back(TLString("layer ") + name +
