@@ -16,6 +16,10 @@ public:
     // A 10 x 10 single-band GeoTIFF over 0..1000 x 0..1000 whose cells grow from 0 (left) to
     // 90 (right), with no data in the top-left cell.
     static QString WriteRaster(const QString& folder);
+    // "sites.gpkg": a point layer "sites" in EPSG:3857 whose field "owner" is required (NOT
+    // NULL, no default), with "area" (real) and "visits" (integer) beside it; two sites, at
+    // 100,100 (owner "Ames", area 12.5, visits 3) and 300,300 (owner "Bell", area 7, visits 10).
+    static QString WriteSites(const QString& folder);
 };
 
 }  // namespace TMObjects
