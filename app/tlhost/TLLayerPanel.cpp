@@ -156,16 +156,18 @@ std::vector<TLRefPtr<TLLayer>> TLLayerPanel::LayersTopFirst() const {
 }
 
 void TLLayerPanel::MoveLayerToRow(TLLayer* layer, int row) {
-    if (!mMap || !layer) return;
-    std::vector<TLRefPtr<TLLayer>> rows = LayersTopFirst();
-    const auto at = std::find_if(rows.begin(), rows.end(),
-                                 [layer](const TLRefPtr<TLLayer>& l) { return l.get() == layer; });
-    if (at == rows.end()) return;
-    TLRefPtr<TLLayer> moved = *at;
-    rows.erase(at);
-    rows.insert(rows.begin() + std::clamp(row, 0, int(rows.size())), moved);
-    // The rows, top first, are the map's list in the order LayersTopFirst reads it.
-    for (int i = 0; i < int(rows.size()); ++i) mMap->MoveLayer(rows[std::size_t(i)].get(), i);
+    if (!mMap || !layer || !ItemOf(layer)) return;
+    // The map has no move of its own: the layer is taken out and put back in its new place,
+    // and stays the current and the edit layer if it was.
+    TLRefPtr<TLLayer> held(layer);
+    TLRefPtr<TLLayer> current = mMap->GetCurrentLayer();
+    TLLayer* editing = mMap->editor()->edit_layer();
+    mMap->RemoveLayer(layer);
+    // Rows run top first, as the map's list does.
+    const int position = std::clamp(row, 0, mMap->GetLayerCount());
+    mMap->InsertLayer(position, layer, true);
+    if (editing) mMap->editor()->set_edit_layer(editing);
+    mMap->SetCurrentLayer(current.get());
     Reload();
     Q_EMIT orderChanged();
 }

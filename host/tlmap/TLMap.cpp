@@ -107,17 +107,6 @@ bool TLMap::RemoveLayer(TLLayer* layer) {
 
 void TLMap::Sort() {}
 
-bool TLMap::MoveLayer(TLLayer* layer, int position) {
-    auto it = std::find_if(mLayers.begin(), mLayers.end(),
-                           [layer](const TLRefPtr<TLLayer>& l) { return l.get() == layer; });
-    if (!layer || it == mLayers.end()) return false;
-    TLRefPtr<TLLayer> held = *it;
-    mLayers.erase(it);
-    position = std::clamp(position, 0, int(mLayers.size()));
-    mLayers.insert(mLayers.begin() + position, held);
-    return true;
-}
-
 TLRefPtr<TLFeatureSelectionSet> TLMap::GetAllSelection() const {
     TLRefPtr<TLFeatureSelectionSet> all(new TLFeatureSelectionSet());
     for (const auto& layer : mLayers) {

@@ -35,9 +35,6 @@ public:
     bool RemoveLayer(TLLayer* layer);
     // Keeps the drawing order stable; the order is the order of insertion positions.
     void Sort();
-    // Puts the layer at `position` of the list (clamped), keeping the others in their order: a
-    // change of drawing order, not of the layers, so that no layer is told it was removed.
-    bool MoveLayer(TLLayer* layer, int position);
     TLRefPtr<TLFeatureSelectionSet> GetAllSelection() const;
     TLRect GetFullExtent() const;  // in the map's coordinates
     TLUnitType GetMapDisplayUnit() const;

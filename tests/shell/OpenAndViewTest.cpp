@@ -29,11 +29,9 @@ constexpr int kVerticesEach = 50;
 
 // kLines lines of kVerticesEach vertices: a million vertices in all.
 QString writeMillionVertices(const QString& folder) {
-    GDALAllRegister();
     const QString path = folder + "/contours.gpkg";
-    GDALDriver* driver = GetGDALDriverManager()->GetDriverByName("GPKG");
-    std::unique_ptr<GDALDataset> dataset(
-        driver->Create(path.toUtf8().constData(), 0, 0, 0, GDT_Unknown, nullptr));
+    std::unique_ptr<GDALDataset> dataset = ShellTestData::NewGeoPackage(path);
+    if (!dataset) return QString();
     OGRSpatialReference srs;
     srs.importFromEPSG(3857);
     OGRLayer* lines = dataset->CreateLayer("contours", &srs, wkbLineString, nullptr);

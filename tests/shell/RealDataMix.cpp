@@ -8,6 +8,8 @@
 #include <QTextStream>
 #include <memory>
 
+#include "ShellTestData.h"
+
 namespace TMObjects {
 
 namespace {
@@ -24,18 +26,12 @@ OGRPolygon* box(double x0, double y0, double x1, double y1) {
     return polygon;
 }
 
-std::unique_ptr<GDALDataset> newPackage(const QString& path) {
-    GDALAllRegister();
-    GDALDriver* driver = GetGDALDriverManager()->GetDriverByName("GPKG");
-    return std::unique_ptr<GDALDataset>(
-        driver->Create(path.toUtf8().constData(), 0, 0, 0, GDT_Unknown, nullptr));
-}
-
 }  // namespace
 
 QString RealDataMix::WriteCounties(const QString& folder) {
     const QString path = folder + "/counties.gpkg";
-    std::unique_ptr<GDALDataset> dataset = newPackage(path);
+    std::unique_ptr<GDALDataset> dataset = ShellTestData::NewGeoPackage(path);
+    if (!dataset) return QString();
     OGRSpatialReference nad27;
     nad27.importFromEPSG(4267);
     nad27.SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
@@ -58,7 +54,8 @@ QString RealDataMix::WriteCounties(const QString& folder) {
 
 QString RealDataMix::WriteTracts(const QString& folder) {
     const QString path = folder + "/tracts.gpkg";
-    std::unique_ptr<GDALDataset> dataset = newPackage(path);
+    std::unique_ptr<GDALDataset> dataset = ShellTestData::NewGeoPackage(path);
+    if (!dataset) return QString();
     OGRSpatialReference utm;
     utm.importFromEPSG(26917);
     OGRLayer* tracts = dataset->CreateLayer("tracts", &utm, wkbPolygon, nullptr);

@@ -68,6 +68,7 @@ private Q_SLOTS:
         const QImage dutch = canvasImage();
         const QRect middle(dutch.width() / 2 - 40, dutch.height() / 2 - 40, 80, 80);
         QVERIFY(greyPixels(dutch, middle) > 3000);
+        window->grab().save(TL_SCREENSHOT_DIR "/realdata-raster.png");
         QVERIFY(!history().join("\n").contains("outline only"));
 
         // The map in the tracts' system: the tracts' own coordinates on screen.
@@ -86,6 +87,8 @@ private Q_SLOTS:
         const QPoint corner = deviceOf(x, y) + QPoint(-3, 2);
         moveCanvas(corner);
         QVERIFY(window->View()->HasSnapMarker());
+        // For a look by eye (under Xvfb): the tracts in UTM, the counties projected, the marker.
+        window->grab().save(TL_SCREENSHOT_DIR "/realdata-snap.png");
         clickCanvas(corner);
         typeLine(QString("%1,%2").arg(x + 4000, 0, 'f', 0).arg(y));
         typeLine(QString("%1,%2").arg(x + 2000, 0, 'f', 0).arg(y + 3000));
@@ -115,6 +118,7 @@ private Q_SLOTS:
         const QModelIndex population = table->Proxy()->mapFromSource(
             table->Model()->index(table->Model()->RowOf(3), table->Model()->ColumnOf("POP")));
         QVERIFY(table->Proxy()->setData(population, "2950", Qt::EditRole));
+        window->grab().save(TL_SCREENSHOT_DIR "/realdata-table.png");
         QVERIFY(window->SaveEdits());
 
         GDALDatasetUniquePtr file(GDALDataset::Open(tracts.toUtf8().constData(), GDAL_OF_VECTOR));

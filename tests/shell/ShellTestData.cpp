@@ -45,12 +45,17 @@ OGRLayer* makeLayer(GDALDataset* dataset, const char* name, OGRwkbGeometryType t
 
 }  // namespace
 
-QString ShellTestData::WriteGeoPackage(const QString& folder) {
+std::unique_ptr<GDALDataset> ShellTestData::NewGeoPackage(const QString& path) {
     GDALAllRegister();
-    const QString path = folder + "/shell.gpkg";
     GDALDriver* driver = GetGDALDriverManager()->GetDriverByName("GPKG");
-    std::unique_ptr<GDALDataset> dataset(
+    return std::unique_ptr<GDALDataset>(
         driver->Create(path.toUtf8().constData(), 0, 0, 0, GDT_Unknown, nullptr));
+}
+
+QString ShellTestData::WriteGeoPackage(const QString& folder) {
+    const QString path = folder + "/shell.gpkg";
+    std::unique_ptr<GDALDataset> dataset = NewGeoPackage(path);
+    if (!dataset) return QString();
     OGRSpatialReference srs;
     srs.importFromEPSG(3857);
     OGRLayer* wells = makeLayer(dataset.get(), "wells", wkbPoint, &srs);
@@ -105,11 +110,9 @@ QString ShellTestData::WriteRaster(const QString& folder) {
 }
 
 QString ShellTestData::WriteSites(const QString& folder) {
-    GDALAllRegister();
     const QString path = folder + "/sites.gpkg";
-    GDALDriver* driver = GetGDALDriverManager()->GetDriverByName("GPKG");
-    std::unique_ptr<GDALDataset> dataset(
-        driver->Create(path.toUtf8().constData(), 0, 0, 0, GDT_Unknown, nullptr));
+    std::unique_ptr<GDALDataset> dataset = NewGeoPackage(path);
+    if (!dataset) return QString();
     OGRSpatialReference srs;
     srs.importFromEPSG(3857);
     OGRLayer* sites = dataset->CreateLayer("sites", &srs, wkbPoint, nullptr);

@@ -1,6 +1,9 @@
 #pragma once
 
 #include <QString>
+#include <memory>
+
+class GDALDataset;
 
 namespace TMObjects {
 
@@ -10,6 +13,8 @@ namespace TMObjects {
 // Each answers the path written, or an empty string when GDAL failed to write.
 class ShellTestData {
 public:
+    // A new, empty GeoPackage at `path`; null when GDAL cannot make it.
+    static std::unique_ptr<GDALDataset> NewGeoPackage(const QString& path);
     static QString WriteGeoPackage(const QString& folder);
     // Only the wells, in a file of the named GDAL driver ("ESRI Shapefile", "GeoJSON").
     static QString WriteWells(const QString& folder, const char* driverName, const char* file);
