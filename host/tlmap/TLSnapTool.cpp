@@ -198,6 +198,8 @@ void TLSnapTool::searchLayer(TLFeatureLayer* layer, TLCoordinateSystem* mapRefer
         if (!projection->usable || !projection->queryInLayer(p, tolerance, q, layerTolerance))
             return;
     }
+    table->Want(TLRect(q.x - layerTolerance, q.x + layerTolerance, q.y - layerTolerance,
+                       q.y + layerTolerance));
     const TLSpatialIndex& index = table->Index();
     TLSegmentRef ref{};
     TLPoint hit;

@@ -31,6 +31,9 @@ TLRefPtr<TLGeometry> relatable(const TLRefPtr<TLGeometry>& filter) {
     return TLRefPtr<TLGeometry>(polygon);
 }
 
+// Everything there is: what a query without a shape looks at.
+const TLRect kEverywhere(-1e308, 1e308, -1e308, 1e308);
+
 bool inside(const TLRect& inner, const TLRect& outer) {
     return !inner.IsEmpty() && !outer.IsEmpty() && inner.XMinimum() >= outer.XMinimum() &&
            inner.XMaximum() <= outer.XMaximum() && inner.YMinimum() >= outer.YMinimum() &&
@@ -74,8 +77,9 @@ std::vector<int> TLFeatureTable::Search(const TLQueryFilter& filter) const {
     std::vector<int> candidates;
     TLRect rect;
     TLRefPtr<TLGeometry> shape;
+    if (geometry && geometry->IsEmpty()) return {};
+    Want(geometry && relation != TLSpatialRelDisjoint ? geometry->GetBound() : kEverywhere);
     if (geometry) {
-        if (geometry->IsEmpty()) return {};
         rect = geometry->GetBound();
         // Only disjoint features lie outside the filter's bounds; every other relation needs
         // the bounds to meet.
@@ -107,6 +111,7 @@ std::vector<int> TLFeatureTable::Search(const TLQueryFilter& filter) const {
 }
 
 std::vector<int> TLFeatureTable::SearchBounds(const TLRect& rect) const {
+    Want(rect);
     std::vector<int> ids = Index().Query(rect);
     std::sort(ids.begin(), ids.end());
     return ids;
@@ -125,7 +130,54 @@ TLSpatialIndex& TLFeatureTable::Index() const {
 }
 
 TLRect TLFeatureTable::GetExtent() const {
-    return Index().Extent();
+    TLRect extent = Index().Extent();
+    TLRect stored;
+    if (mStore && mStore->Extent(stored)) extent.Union(stored);
+    return extent;
+}
+
+void TLFeatureTable::Want(const TLRect& rect) const {
+    // Reading on demand fills the working copy, which is no change of the table's contents.
+    if (mStore && !rect.IsEmpty()) mStore->Fetch(const_cast<TLFeatureTable&>(*this), rect);
+}
+
+void TLFeatureTable::Reread(int id, const std::optional<TLFeature>& stored) {
+    if (id < 0) return;
+    const bool existed = HasFeature(id);
+    mSaved.erase(id);
+    mDirty.erase(id);
+    mLent.erase(id);
+    if (!stored) {
+        if (!existed) return;
+        mFeatures.erase(id);
+        indexRemove(id);
+        notify(TLFeatureTableListener::Deleted, id);
+        return;
+    }
+    TLFeature& kept = mFeatures[id] = normalised(*stored);
+    kept.SetId(id);
+    mNextId = std::max(mNextId, id + 1);
+    indexInsert(id, kept);
+    if (!existed) {
+        notify(TLFeatureTableListener::Added, id);
+    } else {
+        notify(TLFeatureTableListener::GeometryChanged, id);
+        notify(TLFeatureTableListener::AttributesChanged, id);
+    }
+}
+
+std::vector<int> TLFeatureTable::Conflicts() const {
+    return mStore ? mStore->Conflicts() : std::vector<int>();
+}
+
+bool TLFeatureTable::ReloadConflicts(TLString& error) {
+    error = TLString();
+    return !mStore || mStore->Reload(*this, mStore->Conflicts(), error);
+}
+
+bool TLFeatureTable::Refresh(TLString& error) {
+    error = TLString();
+    return !mStore || mStore->Refresh(*this, error);
 }
 
 void TLFeatureTable::Load(TLFeature feature) {
@@ -134,14 +186,23 @@ void TLFeatureTable::Load(TLFeature feature) {
     mFeatures[id] = normalised(feature);
     mFeatures[id].SetId(id);
     mNextId = std::max(mNextId, id + 1);
-    // A load is usually one of many: the index is packed again on its next use instead of
-    // growing one insert at a time.
-    mIndex.reset();
+    // Loads at open come before the index is first built, which then packs them all at once;
+    // a store reading on demand adds to an index in use.
+    indexInsert(id, mFeatures[id]);
+}
+
+int TLFeatureTable::newId(int wanted) const {
+    // A store shared by several editors numbers new features itself, so that no two editors
+    // ever give the same id.
+    if (mStore) {
+        const int given = mStore->NewId();
+        if (given >= 0 && !HasFeature(given)) return given;
+    }
+    return wanted < 0 || HasFeature(wanted) ? mNextId : wanted;
 }
 
 int TLFeatureTable::Insert(const TLFeature& feature) {
-    int id = feature.GetId();
-    if (id < 0 || HasFeature(id)) id = mNextId;
+    const int id = newId(feature.GetId());
     keep(id);
     TLFeature& stored = mFeatures[id] = normalised(feature);
     stored.SetId(id);

@@ -12,35 +12,14 @@
 #include "tmgis/TLOgrFeatureStore.h"
 #include "tmgis/TLOgrSchema.h"
 #include "tmgis/TLOgrValues.h"
+#include "tmgis/TLPgConnection.h"
+#include "tmgis/TLPgWorkspace.h"
 
 namespace TMObjects {
 
 namespace fs = std::filesystem;
 
 namespace {
-
-// The authority's code where there is one, since it names the system exactly; the WKT
-// otherwise.
-TLRefPtr<TLCoordinateSystem> systemOf(const OGRSpatialReference* reference) {
-    if (!reference) return TLRefPtr<TLCoordinateSystem>();
-    const char* authority = reference->GetAuthorityName(nullptr);
-    const char* code = reference->GetAuthorityCode(nullptr);
-    if (authority && code) {
-        TLRefPtr<TLCoordinateSystem> system = TLSpatialObjectFactory::LoadCoordinateSystem(
-            TLString(std::string(authority) + ":" + code));
-        if (system) return system;
-    }
-    char* wkt = nullptr;
-    const char* const options[] = {"FORMAT=WKT2_2019", nullptr};
-    if (reference->exportToWkt(&wkt, options) != OGRERR_NONE || !wkt) {
-        CPLFree(wkt);
-        return TLRefPtr<TLCoordinateSystem>();
-    }
-    TLRefPtr<TLCoordinateSystem> system =
-        TLSpatialObjectFactory::LoadCoordinateSystem(TLString(std::string(wkt)));
-    CPLFree(wkt);
-    return system;
-}
 
 // "GPKG:/data/demo.gpkg:dem" names the table after the last colon.
 TLString subdatasetName(const std::string& name, const std::string& description) {
@@ -56,8 +35,17 @@ std::unique_ptr<TMWorkspace> TMWorkspace::Open(const TLString& path, bool editab
                                                TLString& error) {
     TLGdalCall gdal;
     const std::string file = path.toStdString();
-    GDALDatasetUniquePtr dataset(GDALDataset::Open(
-        file.c_str(), GDAL_OF_VECTOR | GDAL_OF_RASTER | GDAL_OF_READONLY | GDAL_OF_VERBOSE_ERROR));
+    // A database is opened for its tables only: its rasters would go through another driver,
+    // which claims the same names.
+    const bool database = TLPgConnection::Names(path);
+    GDALDatasetUniquePtr dataset(
+        GDALDataset::Open(file.c_str(), GDAL_OF_VECTOR | (database ? 0 : GDAL_OF_RASTER) |
+                                            GDAL_OF_READONLY | GDAL_OF_VERBOSE_ERROR));
+    if (!dataset && database) {
+        error = TLString("Cannot open " + TLPgConnection::Redacted(file) + ": " +
+                         gdal.Reason("the server does not answer") + ".");
+        return nullptr;
+    }
     if (!dataset) {
         std::error_code failed;
         const bool exists = fs::exists(file, failed);
@@ -70,10 +58,14 @@ std::unique_ptr<TMWorkspace> TMWorkspace::Open(const TLString& path, bool editab
     std::unique_ptr<TMWorkspace> workspace(new TMWorkspace);
     workspace->mPath = path;
     workspace->mDriver = TLString(std::string(dataset->GetDriver()->GetDescription()));
-    workspace->readVectors(*dataset, editable);
-    workspace->readRasters(*dataset);
+    if (workspace->mDriver == TLString("PostgreSQL")) {
+        TLPgWorkspace::ReadLayers(*dataset, file, editable, workspace->mLayers, workspace->mNotes);
+    } else {
+        workspace->readVectors(*dataset, editable);
+        workspace->readRasters(*dataset);
+    }
     if (workspace->mLayers.empty()) {
-        error = TLString(file + " holds no layer that can be shown.");
+        error = TLString(TLPgConnection::Redacted(file) + " holds no layer that can be shown.");
         return nullptr;
     }
     return workspace;
@@ -132,8 +124,9 @@ TLRefPtr<TLFeatureLayer> TMWorkspace::readVector(OGRLayer& layer, const TLString
                                   " geometries the host cannot hold "
                                   "are shown without shape and kept "
                                   "as stored"));
-    TLRefPtr<TLFeatureLayer> featureLayer(new TLFeatureLayer(
-        name, TLOgrSchema::LayerKind(layer.GetGeomType()), table, systemOf(layer.GetSpatialRef())));
+    TLRefPtr<TLFeatureLayer> featureLayer(
+        new TLFeatureLayer(name, TLOgrSchema::LayerKind(layer.GetGeomType()), table,
+                           TLOgrSchema::CoordinateSystem(layer.GetSpatialRef())));
     featureLayer->SetEditable(editable);
     return featureLayer;
 }
@@ -167,9 +160,9 @@ void TMWorkspace::addRaster(GDALDataset& dataset, const TLString& name, const TL
     if (dataset.GetGeoTransform(transform.data()) != CE_None)
         mNotes.push_back(TLString("raster ") + name +
                          TLString(" has no georeference; shown in cell coordinates"));
-    TLRefPtr<TLRasterLayer> layer(
-        new TLRasterLayer(name, source, dataset.GetRasterXSize(), dataset.GetRasterYSize(),
-                          dataset.GetRasterCount(), transform, systemOf(dataset.GetSpatialRef())));
+    TLRefPtr<TLRasterLayer> layer(new TLRasterLayer(
+        name, source, dataset.GetRasterXSize(), dataset.GetRasterYSize(), dataset.GetRasterCount(),
+        transform, TLOgrSchema::CoordinateSystem(dataset.GetSpatialRef())));
     for (int band = 1; band <= dataset.GetRasterCount(); ++band) {
         int has = 0;
         const double value = dataset.GetRasterBand(band)->GetNoDataValue(&has);
