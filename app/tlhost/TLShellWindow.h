@@ -66,6 +66,7 @@ private:
     void hostEvent(const TLHostEvent& event);
     void lineEntered(const QString& line);
     void openDialog();
+    void openDatabaseDialog();
     void undo();
     void redo();
     void updateEditState();

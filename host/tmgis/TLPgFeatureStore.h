@@ -57,6 +57,8 @@ public:
     TLString GetWorkspaceType() const override;  // "PGis"
     // The connection without its password, and the table: "PG:host=... dbname=... roads".
     TLString GetPath() const override;
+    // The connection as given, password included: to open the database again, never to show.
+    const std::string& GetConnection() const { return mTable.connection; }
     bool ReadsWhole() const { return mReadWhole; }
     // Asks the server for the bounds of the whole table (its estimate when it has statistics),
     // which Extent then answers.
