@@ -40,6 +40,29 @@ bool finite(const TLRect& rect) {
            std::fabs(rect.YMinimum()) < 1e300 && std::fabs(rect.YMaximum()) < 1e300;
 }
 
+// What the server said, without libpq's decoration: the line after "ERROR:" or "FATAL:", or the
+// first line. GDAL adds the statement and the row's details, which tell the user nothing.
+std::string serverReason(const std::string& text) {
+    std::string first;
+    std::size_t start = 0;
+    while (start <= text.size()) {
+        std::size_t end = text.find('\n', start);
+        if (end == std::string::npos) end = text.size();
+        std::string line = text.substr(start, end - start);
+        for (const char* mark : {"ERROR:", "FATAL:"}) {
+            const std::size_t at = line.find(mark);
+            if (at == std::string::npos) continue;
+            line = line.substr(at + std::string(mark).size());
+            line.erase(0, line.find_first_not_of(' '));
+            while (!line.empty() && (line.back() == ' ' || line.back() == '.')) line.pop_back();
+            return line;
+        }
+        if (first.empty()) first = line;
+        start = end + 1;
+    }
+    return first;
+}
+
 std::string number(double value) {
     char text[40];
     std::snprintf(text, sizeof text, "%.17g", value);
@@ -97,7 +120,7 @@ GDALDataset* TLPgFeatureStore::connection(std::string& why) {
     const std::string name = TLPgConnection::ForTable(mTable.connection, mTable.layer);
     mDataset =
         GDALDataset::Open(name.c_str(), GDAL_OF_VECTOR | GDAL_OF_UPDATE | GDAL_OF_VERBOSE_ERROR);
-    if (!mDataset) why = gdal.Reason("the server does not answer");
+    if (!mDataset) why = serverReason(gdal.Reason("the server does not answer"));
     return mDataset;
 }
 
@@ -117,7 +140,7 @@ bool TLPgFeatureStore::query(GDALDataset& dataset, const std::string& sql,
     }
     if (result) dataset.ReleaseResultSet(result);
     if (!gdal.HasFailures()) return true;
-    why = gdal.Failures();
+    why = serverReason(gdal.Failures());
     return false;
 }
 
@@ -279,7 +302,8 @@ bool TLPgFeatureStore::begin(GDALDataset*& dataset, std::string& why) {
             query(
                 *dataset, "SELECT 1", [](OGRFeature&) {}, why))
             return true;
-        if (why.empty()) why = gdal.Reason("the server refused to start a transaction");
+        if (why.empty())
+            why = serverReason(gdal.Reason("the server refused to start a transaction"));
         disconnect();
     }
     return false;
@@ -380,14 +404,14 @@ bool TLPgFeatureStore::Commit(const TLFeatureTable& table,
     for (const TLFeatureChange& change : changes) {
         long long created = change.id;
         if (!TLOgrFeatureStore::ApplyChange(*layer, change, change.id, created, why))
-            return fail("feature " + std::to_string(change.id) + ": " + why);
+            return fail("feature " + std::to_string(change.id) + ": " + serverReason(why));
     }
     std::unordered_map<int, std::uint32_t> fresh;
     if (!versions(*dataset, written, false, fresh, why)) return fail(why);
     {
         TLGdalCall gdal;
         if (dataset->CommitTransaction() != OGRERR_NONE)
-            return fail(gdal.Reason("the server did not take the transaction"));
+            return fail(serverReason(gdal.Reason("the server did not take the transaction")));
     }
     for (const TLFeatureChange& change : changes) {
         auto version = fresh.find(change.id);
