@@ -102,7 +102,11 @@ void TLShellWindow::buildDocks() {
 void TLShellWindow::buildMenus() {
     QMenu* file = menuBar()->addMenu(tr("&File"));
     file->addAction(tr("&Open Data..."), this, &TLShellWindow::openDialog, QKeySequence::Open);
-    file->addAction(tr("Open &PostGIS Layers..."), this, &TLShellWindow::openDatabaseDialog);
+    // A database's tables open as a data source named by its connection.
+    file->addAction(tr("Open &PostGIS Layers..."), this, [this] {
+        TLPgOpenDialog dialog(this);
+        if (dialog.exec() == QDialog::Accepted) OpenData(ToQString(dialog.Connection()));
+    });
     mSave = file->addAction(tr("&Save Edits"), this, &TLShellWindow::SaveEdits, QKeySequence::Save);
     file->addSeparator();
     file->addAction(tr("&Quit"), this, &QWidget::close, QKeySequence::Quit);
@@ -289,11 +293,6 @@ bool TLShellWindow::OpenData(const QString& path) {
     setWindowTitle(QStringLiteral("tlhost - %1[*]").arg(name));
     if (!hadEditLayer && mDocument->Map()->editor()->edit_layer()) editLayerChanged();
     return true;
-}
-
-void TLShellWindow::openDatabaseDialog() {
-    TLPgOpenDialog dialog(this);
-    if (dialog.exec() == QDialog::Accepted) OpenData(ToQString(dialog.Connection()));
 }
 
 void TLShellWindow::openDialog() {

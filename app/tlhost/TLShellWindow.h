@@ -66,7 +66,6 @@ private:
     void hostEvent(const TLHostEvent& event);
     void lineEntered(const QString& line);
     void openDialog();
-    void openDatabaseDialog();
     void undo();
     void redo();
     void updateEditState();

@@ -2,6 +2,7 @@
 
 #include "TLTranscript.h"
 #include "tlmap/TLMapView.h"
+#include "tlsde/TLSharedFeatureStore.h"
 
 namespace TMObjects {
 
@@ -31,13 +32,14 @@ bool TLSessionStoreActions::reload(const TLSessionCommand& c, std::string& error
         return false;
     if (mSession.Dry()) return true;
     TLFeatureTable* table = mSession.FeatureLayer(c.words[0], error)->GetDatasource().get();
-    const std::vector<int> ids = table->Conflicts();
+    TLSharedFeatureStore* store = TLSharedFeatureStore::Of(*table);
+    const std::vector<int> ids = store ? store->Conflicts() : std::vector<int>();
     if (ids.empty()) {
         mSession.Transcript().Event("reloaded", c.words[0] + ": nothing to reload");
         return true;
     }
     TLString why;
-    if (!table->ReloadConflicts(why)) {
+    if (!store->Reload(*table, ids, why)) {
         mSession.Transcript().Event("reload-failed", c.words[0] + ": " + why.toStdString());
         return true;
     }
@@ -62,8 +64,10 @@ bool TLSessionStoreActions::refresh(const TLSessionCommand& c, std::string& erro
 
 void TLSessionStoreActions::refreshLayer(TLFeatureLayer* layer) {
     const std::string name = layer->GetLayerName().toStdString();
+    TLFeatureTable* table = layer->GetDatasource().get();
+    TLSharedFeatureStore* store = TLSharedFeatureStore::Of(*table);
     TLString why;
-    if (!layer->GetDatasource()->Refresh(why))
+    if (store && !store->Refresh(*table, why))
         mSession.Transcript().Event("refresh-failed", name + ": " + why.toStdString());
     else
         mSession.Transcript().Event(

@@ -13,6 +13,7 @@
 
 #include "tlmap/TLFeatureLayer.h"
 #include "tlsde/TLFeatureTable.h"
+#include "tlsde/TLSharedFeatureStore.h"
 #include "tlsde/TLSpatialIndex.h"
 #include "tmgis/TMWorkspace.h"
 
@@ -63,7 +64,7 @@ void measure(const char* label, const std::string& source) {
     const double snap = seconds([&] {
         // 10 pixels at 2 m a pixel around a corner of a parcel well away from the view.
         const TLPoint p(580081, 5080079);
-        table->Want(TLRect(p.x - 20, p.x + 20, p.y - 20, p.y + 20));
+        TLSharedFeatureStore::Want(*table, TLRect(p.x - 20, p.x + 20, p.y - 20, p.y + 20));
         TLSegmentRef ref{};
         snapped = table->Index().NearestVertex(p, 20, ref, vertex);
     });

@@ -9,7 +9,6 @@ extern const TLString WORKSPACE_TYPE_SHAPEFILE;   // "ShapeFile"
 extern const TLString WORKSPACE_TYPE_RASTERFILE;  // "RasterFile"
 extern const TLString WORKSPACE_TYPE_ACCESS;      // "Access"
 extern const TLString WORKSPACE_TYPE_OGR;         // "OGR"
-extern const TLString WORKSPACE_TYPE_PGIS;        // "PGis": a PostGIS table
 
 extern const TLString CONNECT_FILEPATH;  // "FILEPATH"
 extern const TLString CONNECT_INSTANCE;  // "INSTANCE"

@@ -4,6 +4,7 @@
 
 #include "tlgeo/TLGeoEnvelope.h"
 #include "tlgeo/TLGeoPolygon.h"
+#include "tlsde/TLSharedFeatureStore.h"
 #include "tlsde/TLSpatialIndex.h"
 #include "tlsde/TLWhereClause.h"
 
@@ -78,7 +79,8 @@ std::vector<int> TLFeatureTable::Search(const TLQueryFilter& filter) const {
     TLRect rect;
     TLRefPtr<TLGeometry> shape;
     if (geometry && geometry->IsEmpty()) return {};
-    Want(geometry && relation != TLSpatialRelDisjoint ? geometry->GetBound() : kEverywhere);
+    TLSharedFeatureStore::Want(
+        *this, geometry && relation != TLSpatialRelDisjoint ? geometry->GetBound() : kEverywhere);
     if (geometry) {
         rect = geometry->GetBound();
         // Only disjoint features lie outside the filter's bounds; every other relation needs
@@ -111,7 +113,7 @@ std::vector<int> TLFeatureTable::Search(const TLQueryFilter& filter) const {
 }
 
 std::vector<int> TLFeatureTable::SearchBounds(const TLRect& rect) const {
-    Want(rect);
+    TLSharedFeatureStore::Want(*this, rect);
     std::vector<int> ids = Index().Query(rect);
     std::sort(ids.begin(), ids.end());
     return ids;
@@ -132,52 +134,10 @@ TLSpatialIndex& TLFeatureTable::Index() const {
 TLRect TLFeatureTable::GetExtent() const {
     TLRect extent = Index().Extent();
     TLRect stored;
-    if (mStore && mStore->Extent(stored)) extent.Union(stored);
+    if (TLSharedFeatureStore* shared = TLSharedFeatureStore::Of(*this);
+        shared && shared->Extent(stored))
+        extent.Union(stored);
     return extent;
-}
-
-void TLFeatureTable::Want(const TLRect& rect) const {
-    // Reading on demand fills the working copy, which is no change of the table's contents.
-    if (mStore && !rect.IsEmpty()) mStore->Fetch(const_cast<TLFeatureTable&>(*this), rect);
-}
-
-void TLFeatureTable::Reread(int id, const std::optional<TLFeature>& stored) {
-    if (id < 0) return;
-    const bool existed = HasFeature(id);
-    mSaved.erase(id);
-    mDirty.erase(id);
-    mLent.erase(id);
-    if (!stored) {
-        if (!existed) return;
-        mFeatures.erase(id);
-        indexRemove(id);
-        notify(TLFeatureTableListener::Deleted, id);
-        return;
-    }
-    TLFeature& kept = mFeatures[id] = normalised(*stored);
-    kept.SetId(id);
-    mNextId = std::max(mNextId, id + 1);
-    indexInsert(id, kept);
-    if (!existed) {
-        notify(TLFeatureTableListener::Added, id);
-    } else {
-        notify(TLFeatureTableListener::GeometryChanged, id);
-        notify(TLFeatureTableListener::AttributesChanged, id);
-    }
-}
-
-std::vector<int> TLFeatureTable::Conflicts() const {
-    return mStore ? mStore->Conflicts() : std::vector<int>();
-}
-
-bool TLFeatureTable::ReloadConflicts(TLString& error) {
-    error = TLString();
-    return !mStore || mStore->Reload(*this, mStore->Conflicts(), error);
-}
-
-bool TLFeatureTable::Refresh(TLString& error) {
-    error = TLString();
-    return !mStore || mStore->Refresh(*this, error);
 }
 
 void TLFeatureTable::Load(TLFeature feature) {
@@ -191,18 +151,16 @@ void TLFeatureTable::Load(TLFeature feature) {
     indexInsert(id, mFeatures[id]);
 }
 
-int TLFeatureTable::newId(int wanted) const {
+int TLFeatureTable::Insert(const TLFeature& feature) {
+    int id = feature.GetId();
     // A store shared by several editors numbers new features itself, so that no two editors
     // ever give the same id.
-    if (mStore) {
-        const int given = mStore->NewId();
-        if (given >= 0 && !HasFeature(given)) return given;
-    }
-    return wanted < 0 || HasFeature(wanted) ? mNextId : wanted;
-}
-
-int TLFeatureTable::Insert(const TLFeature& feature) {
-    const int id = newId(feature.GetId());
+    TLSharedFeatureStore* shared = TLSharedFeatureStore::Of(*this);
+    const int given = shared ? shared->NewId() : -1;
+    if (given >= 0 && !HasFeature(given))
+        id = given;
+    else if (id < 0 || HasFeature(id))
+        id = mNextId;
     keep(id);
     TLFeature& stored = mFeatures[id] = normalised(feature);
     stored.SetId(id);

@@ -60,21 +60,6 @@ public:
 
     // Loading from a store: no change is tracked and no listener is told.
     void Load(TLFeature feature);
-    // Makes sure the features in `rect` (the layer's coordinates) are at hand. A store that reads
-    // on demand is asked for them; every other table holds all its features already. Searches,
-    // snapping and drawing ask for what they look at; a query without a shape asks for all.
-    void Want(const TLRect& rect) const;
-    // The store's present state of a feature, read again: it becomes the working copy and what
-    // the store is known to hold, and a pending change of it is dropped. Not an edit: no undo
-    // step; listeners are told.
-    void Reread(int id, const std::optional<TLFeature>& stored);
-    // The features the last save was refused for: another editor changed or deleted them.
-    std::vector<int> Conflicts() const;
-    // Rereads the conflicting features, so that a save of the remaining edits can go through.
-    bool ReloadConflicts(TLString& error);
-    // Rereads every feature at hand that has no pending change: others' saved work appears.
-    bool Refresh(TLString& error);
-    bool IsPending(int id) const { return mDirty.count(id) != 0; }
 
     // Edits. Insert takes the feature's id when it is free and >= 0, else gives the next one;
     // it returns the id. Values are coerced to the fields' types; unknown names are ignored.
@@ -111,8 +96,6 @@ private:
     void notify(TLFeatureTableListener::Change change, int id);
     void indexInsert(int id, const TLFeature& f);
     void indexRemove(int id);
-    // The id a new feature gets: the store's, or `wanted` when free, or the next one.
-    int newId(int wanted) const;
     TLFeature normalised(const TLFeature& f) const;
     // Before a write: remembers what the store holds of the feature, unless already known.
     void keep(int id);

@@ -9,7 +9,6 @@
 #include <cstdio>
 #include <set>
 
-#include "tlbase/TLConnectionKeys.h"
 #include "tlsde/TLFeatureTable.h"
 #include "tmgis/TLGdalCall.h"
 #include "tmgis/TLOgrFeatureStore.h"
@@ -107,7 +106,7 @@ TLPgFeatureStore::~TLPgFeatureStore() {
 }
 
 TLString TLPgFeatureStore::GetWorkspaceType() const {
-    return WORKSPACE_TYPE_PGIS;
+    return TLString("PGis");
 }
 
 TLString TLPgFeatureStore::GetPath() const {
@@ -402,6 +401,7 @@ bool TLPgFeatureStore::Commit(const TLFeatureTable& table,
         return false;
     }
     for (const TLFeatureChange& change : changes) {
+        if (unchanged(*layer, table, change)) continue;
         long long created = change.id;
         if (!TLOgrFeatureStore::ApplyChange(*layer, change, change.id, created, why))
             return fail("feature " + std::to_string(change.id) + ": " + serverReason(why));
@@ -420,8 +420,32 @@ bool TLPgFeatureStore::Commit(const TLFeatureTable& table,
         else
             mVersions[change.id] = version->second;
     }
-    (void)table;
     return true;
+}
+
+bool TLPgFeatureStore::unchanged(OGRLayer& layer, const TLFeatureTable& table,
+                                 const TLFeatureChange& change) {
+    if (change.isNew || !change.after) return false;
+    std::unique_ptr<OGRFeature> row(layer.GetFeature(change.id));
+    if (!row) return false;
+    bool geometryLost = false;
+    TLFeature stored = TLOgrValues::ReadFeature(*row, table.GetFields(), geometryLost);
+    return !geometryLost && stored.SameContent(*change.after);
+}
+
+void TLPgFeatureStore::reread(TLFeatureTable& table, int id,
+                              const std::optional<TLFeature>& stored) {
+    if (!stored) {
+        if (table.HasFeature(id)) table.Delete(id);
+        return;
+    }
+    // A feature at hand (or deleted here) is put back as stored, which the table weighs against
+    // what it read before: until the next save it counts as a change that writes nothing. One
+    // never seen is simply loaded.
+    if (table.HasFeature(id) || table.IsDeleted(id))
+        table.Restore(id, stored);
+    else
+        table.Load(*stored);
 }
 
 bool TLPgFeatureStore::Reload(TLFeatureTable& table, const std::vector<int>& ids, TLString& error) {
@@ -436,7 +460,7 @@ bool TLPgFeatureStore::Reload(TLFeatureTable& table, const std::vector<int>& ids
             [&](int id, std::uint32_t version, TLFeature feature) {
                 missing.erase(id);
                 mVersions[id] = version;
-                table.Reread(id, feature);
+                reread(table, id, feature);
             },
             why);
         if (!read) {
@@ -447,7 +471,7 @@ bool TLPgFeatureStore::Reload(TLFeatureTable& table, const std::vector<int>& ids
     }
     for (int id : missing) {
         mVersions.erase(id);
-        table.Reread(id, std::nullopt);
+        reread(table, id, std::nullopt);
     }
     for (int id : ids)
         mConflicts.erase(std::remove(mConflicts.begin(), mConflicts.end(), id), mConflicts.end());
@@ -455,45 +479,58 @@ bool TLPgFeatureStore::Reload(TLFeatureTable& table, const std::vector<int>& ids
 }
 
 bool TLPgFeatureStore::refreshWhere(TLFeatureTable& table, const std::string& condition,
-                                    std::vector<int>& seen, std::string& why) {
+                                    const std::set<int>& pending, std::vector<int>& seen,
+                                    std::string& why) {
     return Read(
         table, condition,
         [&](int id, std::uint32_t version, TLFeature feature) {
             seen.push_back(id);
             // A feature with an edit pending keeps it, and the version it was read with, so
             // that its save meets the other editor's change as a conflict.
-            if (table.IsPending(id)) return;
+            if (pending.count(id)) return;
             auto known = mVersions.find(id);
             if (known != mVersions.end() && known->second == version && table.HasFeature(id))
                 return;
             mVersions[id] = version;
-            table.Reread(id, feature);
+            reread(table, id, feature);
         },
         why);
 }
 
 bool TLPgFeatureStore::Refresh(TLFeatureTable& table, TLString& error) {
+    const bool clean = !table.IsDirty();
+    std::set<int> pending;
+    for (const TLFeatureChange& change : table.PendingChanges()) pending.insert(change.id);
     std::vector<int> seen;
     std::string why;
     bool read = true;
     if (mReadAll) {
-        read = refreshWhere(table, std::string(), seen, why);
+        read = refreshWhere(table, std::string(), pending, seen, why);
     } else {
         for (const TLRect& region : mRegions)
-            if (!(read = refreshWhere(table, envelope(region), seen, why))) break;
+            if (!(read = refreshWhere(table, envelope(region), pending, seen, why))) break;
+    }
+    if (read) {
+        const std::set<int> found(seen.begin(), seen.end());
+        std::vector<int> gone;
+        for (const auto& [id, version] : mVersions)
+            if (!found.count(id) && !pending.count(id)) gone.push_back(id);
+        for (int id : gone) {
+            mVersions.erase(id);
+            reread(table, id, std::nullopt);
+        }
+    }
+    // A table without edits of its own is clean again at once: the save finds every row as the
+    // table now holds it and writes nothing.
+    TLString absorbed;
+    if (clean && table.IsDirty() && !table.Save(absorbed)) {
+        why = absorbed.toStdString();
+        read = false;
     }
     if (!read) {
         error = TLString("Cannot refresh \"" + mTable.layer + "\" from the database: " + why +
                          ". Every edit is kept.");
         return false;
-    }
-    const std::set<int> found(seen.begin(), seen.end());
-    std::vector<int> gone;
-    for (const auto& [id, version] : mVersions)
-        if (!found.count(id) && !table.IsPending(id)) gone.push_back(id);
-    for (int id : gone) {
-        mVersions.erase(id);
-        table.Reread(id, std::nullopt);
     }
     return true;
 }

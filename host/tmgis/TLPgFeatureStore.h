@@ -2,14 +2,17 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
+#include <set>
 #include <string>
 #include <unordered_map>
 #include <vector>
 
-#include "tlsde/TLFeatureStore.h"
+#include "tlsde/TLSharedFeatureStore.h"
 
 class GDALDataset;
 class OGRFeature;
+class OGRLayer;
 
 namespace TMObjects {
 
@@ -29,7 +32,9 @@ class TLGdalCall;
 // versions with those read: a row that another editor changed or deleted since is a conflict,
 // and one conflict refuses the whole save, naming every conflicting feature. Nothing is written
 // then, and the table keeps every pending edit. A row the user deletes that is gone already is
-// no conflict. A killed host or a lost connection leaves an open transaction that the server
+// no conflict. A change that leaves a row as it is stored is not written, so that a feature read
+// again (after a conflict, or by a refresh) costs nothing to save and gives other editors no
+// conflict. A killed host or a lost connection leaves an open transaction that the server
 // rolls back: the table is as it was.
 //
 // Ids. A new feature takes its id from the sequence of the id column at once, when it is added,
@@ -38,7 +43,7 @@ class TLGdalCall;
 // The connection. One per store, opened on first need; a statement that fails drops it, and the
 // next use connects anew. A save that finds the connection broken connects once more before it
 // gives up with a message that says the server cannot be reached and that the edits are kept.
-class TLPgFeatureStore : public TLFeatureStore {
+class TLPgFeatureStore : public TLSharedFeatureStore {
 public:
     struct Table {
         std::string connection;  // "PG:...", password included
@@ -101,8 +106,13 @@ private:
                      const std::unordered_map<int, std::uint32_t>& now) const;
     TLString unreachable(const std::string& why) const;
     bool readRegion(TLFeatureTable& table, const TLRect& rect);
-    bool refreshWhere(TLFeatureTable& table, const std::string& condition, std::vector<int>& seen,
-                      std::string& why);
+    bool refreshWhere(TLFeatureTable& table, const std::string& condition,
+                      const std::set<int>& pending, std::vector<int>& seen, std::string& why);
+    // The table's working copy of a feature becomes what the store holds (nothing: deleted).
+    static void reread(TLFeatureTable& table, int id, const std::optional<TLFeature>& stored);
+    // Whether the change would leave the stored row as it is.
+    static bool unchanged(OGRLayer& layer, const TLFeatureTable& table,
+                          const TLFeatureChange& change);
 
     Table mTable;
     bool mReadWhole;

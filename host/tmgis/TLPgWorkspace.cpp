@@ -99,7 +99,7 @@ TLRefPtr<TLFeatureLayer> TLPgWorkspace::readLayer(GDALDataset& dataset, OGRLayer
     TLRefPtr<TLFeatureTable> features(
         new TLFeatureTable(name, TLOgrSchema::Fields(layer), std::move(store)));
     if (whole) {
-        features->Want(TLRect(-1e308, 1e308, -1e308, 1e308));
+        pg->Fetch(*features, TLRect(-1e308, 1e308, -1e308, 1e308));
         if (!pg->LastReadError().IsEmpty()) {
             notes.push_back(pg->LastReadError());
             return TLRefPtr<TLFeatureLayer>();

@@ -64,7 +64,7 @@ TEST_F(TwoEditors, EditsOfDifferentFeaturesAreBothSaved) {
               "LINESTRING(500030 5000010,500040 5000010)");
     // Each sees the other's work once it refreshes.
     TLString why;
-    ASSERT_TRUE(mAnn.roads().Refresh(why)) << why.toStdString();
+    ASSERT_TRUE(refresh(mAnn.roads(), why)) << why.toStdString();
     EXPECT_EQ(text(mAnn.roads().PeekFeature(2), "name"), "bob's");
     EXPECT_EQ(wktOf(mAnn.roads().PeekFeature(3)), "LINESTRING (500030 5000010, 500040 5000010)");
     EXPECT_FALSE(mAnn.roads().IsDirty());
@@ -87,7 +87,7 @@ TEST_F(TwoEditors, TheSecondSaveOfOneFeatureIsRefusedNamingItAndNothingIsLost) {
               "Saving \"roads\" was refused: another editor changed feature 4 since it was "
               "read. Nothing was written and every edit is kept; reload that feature and save "
               "again.");
-    EXPECT_EQ(mBob.roads().Conflicts(), std::vector<int>{4});
+    EXPECT_EQ(conflicts(mBob.roads()), std::vector<int>{4});
     EXPECT_EQ(checksum("roads"), saved);
     // Every edit is still pending, and undo still takes them back one by one.
     EXPECT_EQ(mBob.roads().PendingChanges().size(), 3u);
@@ -100,9 +100,9 @@ TEST_F(TwoEditors, TheSecondSaveOfOneFeatureIsRefusedNamingItAndNothingIsLost) {
 
     // Reloading shows Ann's feature 4; the save of the rest then goes through.
     TLString why;
-    ASSERT_TRUE(mBob.roads().ReloadConflicts(why)) << why.toStdString();
+    ASSERT_TRUE(reloadConflicts(mBob.roads(), why)) << why.toStdString();
     EXPECT_EQ(text(mBob.roads().PeekFeature(4), "name"), "ann's");
-    EXPECT_TRUE(mBob.roads().Conflicts().empty());
+    EXPECT_TRUE(conflicts(mBob.roads()).empty());
     ASSERT_TRUE(mBob.save()) << mBob.error();
     EXPECT_EQ(nameOf(4), "ann's");
     EXPECT_EQ(nameOf(5), "bob's too");
@@ -132,13 +132,13 @@ TEST_F(TwoEditors, ADeleteMeetsAnEditAsAConflictEitherWayRound) {
                                 "they were read"),
               std::string::npos)
         << mBob.error();
-    EXPECT_EQ(mBob.roads().Conflicts(), (std::vector<int>{6, 7}));
+    EXPECT_EQ(conflicts(mBob.roads()), (std::vector<int>{6, 7}));
 
     // Both deleting one feature is no conflict.
     mAnn.buffer()->DeleteFeature(8, false, true);
     ASSERT_TRUE(mAnn.save()) << mAnn.error();
     TLString why;
-    ASSERT_TRUE(mBob.roads().ReloadConflicts(why)) << why.toStdString();
+    ASSERT_TRUE(reloadConflicts(mBob.roads(), why)) << why.toStdString();
     EXPECT_EQ(text(mBob.roads().PeekFeature(6), "name"), "ann's");
     EXPECT_FALSE(mBob.roads().HasFeature(7));
     mBob.buffer()->DeleteFeature(8, false, true);
@@ -157,7 +157,7 @@ TEST_F(TwoEditors, ARefreshShowsOthersSavedWorkAndKeepsPendingEdits) {
 
     mBob.rename(1, "bob's");
     TLString why;
-    ASSERT_TRUE(mBob.roads().Refresh(why)) << why.toStdString();
+    ASSERT_TRUE(refresh(mBob.roads(), why)) << why.toStdString();
     EXPECT_FALSE(mBob.roads().HasFeature(2));
     ASSERT_TRUE(mBob.roads().HasFeature(added.GetId()));
     EXPECT_EQ(wktOf(mBob.roads().PeekFeature(added.GetId())),
@@ -165,7 +165,7 @@ TEST_F(TwoEditors, ARefreshShowsOthersSavedWorkAndKeepsPendingEdits) {
     // Bob's own edit of 1 stays, and still meets Ann's as a conflict.
     EXPECT_EQ(text(mBob.roads().PeekFeature(1), "name"), "bob's");
     EXPECT_FALSE(mBob.save());
-    EXPECT_EQ(mBob.roads().Conflicts(), std::vector<int>{1});
+    EXPECT_EQ(conflicts(mBob.roads()), std::vector<int>{1});
 }
 
 TEST_F(TwoEditors, ALostServerGivesAClearMessageKeepsTheEditsAndASaveLaterGoesThrough) {

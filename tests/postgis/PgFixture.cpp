@@ -6,6 +6,7 @@
 #include <regex>
 
 #include "tlgeo/TLGeometryWkt.h"
+#include "tlsde/TLSharedFeatureStore.h"
 
 namespace TMObjects {
 
@@ -131,6 +132,19 @@ std::string PgFixture::wktOf(const TLFeature* feature) {
 std::string PgFixture::text(const TLFeature* feature, const char* field) {
     if (!feature) return "(none)";
     return feature->GetValue(TLString(field)).ToString().toStdString();
+}
+
+std::vector<int> PgFixture::conflicts(const TLFeatureTable& table) {
+    return TLSharedFeatureStore::Of(table)->Conflicts();
+}
+
+bool PgFixture::reloadConflicts(TLFeatureTable& table, TLString& why) {
+    TLSharedFeatureStore* store = TLSharedFeatureStore::Of(table);
+    return store->Reload(table, store->Conflicts(), why);
+}
+
+bool PgFixture::refresh(TLFeatureTable& table, TLString& why) {
+    return TLSharedFeatureStore::Of(table)->Refresh(table, why);
 }
 
 }  // namespace TMObjects

@@ -39,6 +39,10 @@ protected:
     static TLRefPtr<TLGeometry> geometry(const char* wkt);
     static std::string wktOf(const TLFeature* feature);
     static std::string text(const TLFeature* feature, const char* field);
+    // What the user does after a refused save, and to see what others saved.
+    static std::vector<int> conflicts(const TLFeatureTable& table);
+    static bool reloadConflicts(TLFeatureTable& table, TLString& why);
+    static bool refresh(TLFeatureTable& table, TLString& why);
 
 private:
     std::string mServer;  // the libpq parameters of the server, without dbname
