@@ -401,7 +401,7 @@ bool TLPgFeatureStore::Commit(const TLFeatureTable& table,
         return false;
     }
     for (const TLFeatureChange& change : changes) {
-        if (unchanged(*layer, table, change)) continue;
+        if (mReread.count(change.id) && unchanged(*layer, table, change)) continue;
         long long created = change.id;
         if (!TLOgrFeatureStore::ApplyChange(*layer, change, change.id, created, why))
             return fail("feature " + std::to_string(change.id) + ": " + serverReason(why));
@@ -414,6 +414,7 @@ bool TLPgFeatureStore::Commit(const TLFeatureTable& table,
             return fail(serverReason(gdal.Reason("the server did not take the transaction")));
     }
     for (const TLFeatureChange& change : changes) {
+        mReread.erase(change.id);
         auto version = fresh.find(change.id);
         if (version == fresh.end())
             mVersions.erase(change.id);
@@ -435,6 +436,7 @@ bool TLPgFeatureStore::unchanged(OGRLayer& layer, const TLFeatureTable& table,
 
 void TLPgFeatureStore::reread(TLFeatureTable& table, int id,
                               const std::optional<TLFeature>& stored) {
+    mReread.insert(id);
     if (!stored) {
         if (table.HasFeature(id)) table.Delete(id);
         return;

@@ -109,7 +109,7 @@ private:
     bool refreshWhere(TLFeatureTable& table, const std::string& condition,
                       const std::set<int>& pending, std::vector<int>& seen, std::string& why);
     // The table's working copy of a feature becomes what the store holds (nothing: deleted).
-    static void reread(TLFeatureTable& table, int id, const std::optional<TLFeature>& stored);
+    void reread(TLFeatureTable& table, int id, const std::optional<TLFeature>& stored);
     // Whether the change would leave the stored row as it is.
     static bool unchanged(OGRLayer& layer, const TLFeatureTable& table,
                           const TLFeatureChange& change);
@@ -122,6 +122,8 @@ private:
     // The version of every row read (or written by this store), by id.
     std::unordered_map<int, std::uint32_t> mVersions;
     std::vector<int> mConflicts;
+    // Features put back as stored since the last save: only their changes may write nothing.
+    std::set<int> mReread;
     bool mExtentKnown = false;
     TLRect mExtent;
     bool mSequenceMissing = false;
