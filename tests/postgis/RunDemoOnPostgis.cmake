@@ -29,6 +29,8 @@ foreach(session ${sessions})
   string(REGEX REPLACE "NOT NULL constraint failed: ([a-z_]+)\\.([a-z_]+)"
     "null value in column \\\\\"\\2\\\\\" of relation \\\\\"\\1\\\\\" violates not-null constraint"
     text "${text}")
+  string(REGEX REPLACE "UNIQUE constraint failed: ([a-z_]+)\\.([a-z_]+)"
+    "duplicate key value violates unique constraint \\\\\"\\1_\\2_key\\\\\"" text "${text}")
   file(WRITE ${rewritten}/${name} "${text}")
 endforeach()
 set(SESSIONS ${rewritten})
