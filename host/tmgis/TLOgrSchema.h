@@ -7,7 +7,6 @@
 
 class OGRFieldDefn;
 class OGRLayer;
-class OGRSpatialReference;
 
 namespace TMObjects {
 
@@ -27,9 +26,6 @@ public:
     // The id column (when the format names one) as the id field, the geometry column (likewise),
     // then every field with a host type, in the layer's order.
     static TLFields Fields(OGRLayer& layer);
-    // The host's coordinate system: by the authority's code where there is one, since it names
-    // the system exactly; by the WKT otherwise. Empty for none.
-    static TLRefPtr<TLCoordinateSystem> CoordinateSystem(const OGRSpatialReference* reference);
 };
 
 }  // namespace TMObjects

@@ -5,6 +5,7 @@
 
 #include "tlsde/TLFeatureTable.h"
 #include "tmgis/TLGdalCall.h"
+#include "tmgis/TLGdalReference.h"
 #include "tmgis/TLOgrSchema.h"
 #include "tmgis/TLPgConnection.h"
 #include "tmgis/TLPgFeatureStore.h"
@@ -107,7 +108,7 @@ TLRefPtr<TLFeatureLayer> TLPgWorkspace::readLayer(GDALDataset& dataset, OGRLayer
     }
     TLRefPtr<TLFeatureLayer> featureLayer(
         new TLFeatureLayer(name, TLOgrSchema::LayerKind(layer.GetGeomType()), features,
-                           TLOgrSchema::CoordinateSystem(layer.GetSpatialRef())));
+                           TLSystemOfGdalReference(layer.GetSpatialRef())));
     featureLayer->SetEditable(editable);
     return featureLayer;
 }

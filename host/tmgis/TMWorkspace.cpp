@@ -9,6 +9,8 @@
 #include "tlmap/TLRasterLayer.h"
 #include "tlsde/TLFeatureTable.h"
 #include "tmgis/TLGdalCall.h"
+#include "tmgis/TLGdalRasterDataset.h"
+#include "tmgis/TLGdalReference.h"
 #include "tmgis/TLOgrFeatureStore.h"
 #include "tmgis/TLOgrSchema.h"
 #include "tmgis/TLOgrValues.h"
@@ -126,7 +128,7 @@ TLRefPtr<TLFeatureLayer> TMWorkspace::readVector(OGRLayer& layer, const TLString
                                   "as stored"));
     TLRefPtr<TLFeatureLayer> featureLayer(
         new TLFeatureLayer(name, TLOgrSchema::LayerKind(layer.GetGeomType()), table,
-                           TLOgrSchema::CoordinateSystem(layer.GetSpatialRef())));
+                           TLSystemOfGdalReference(layer.GetSpatialRef())));
     featureLayer->SetEditable(editable);
     return featureLayer;
 }
@@ -162,12 +164,13 @@ void TMWorkspace::addRaster(GDALDataset& dataset, const TLString& name, const TL
                          TLString(" has no georeference; shown in cell coordinates"));
     TLRefPtr<TLRasterLayer> layer(new TLRasterLayer(
         name, source, dataset.GetRasterXSize(), dataset.GetRasterYSize(), dataset.GetRasterCount(),
-        transform, TLOgrSchema::CoordinateSystem(dataset.GetSpatialRef())));
+        transform, TLSystemOfGdalReference(dataset.GetSpatialRef())));
     for (int band = 1; band <= dataset.GetRasterCount(); ++band) {
         int has = 0;
         const double value = dataset.GetRasterBand(band)->GetNoDataValue(&has);
         if (has) layer->SetNoData(band, value);
     }
+    layer->SetRasterDataset(new TLGdalRasterDataset(source, name));
     mLayers.push_back(TLRefPtr<TLLayer>(layer.get()));
 }
 
