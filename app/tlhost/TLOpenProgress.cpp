@@ -1,7 +1,6 @@
 #include "TLOpenProgress.h"
 
 #include <QCoreApplication>
-#include <QFileInfo>
 #include <QProgressDialog>
 #include <algorithm>
 
@@ -16,10 +15,9 @@ constexpr long long kIntSteps = 1000000000;
 
 }  // namespace
 
-TLOpenProgress::TLOpenProgress(QWidget* window, const QString& path)
-    : mDialog(std::make_unique<QProgressDialog>(
-          QObject::tr("Opening %1...").arg(QFileInfo(path).fileName()), QObject::tr("Cancel"), 0, 0,
-          window)) {
+TLOpenProgress::TLOpenProgress(QWidget* window, const QString& name)
+    : mDialog(std::make_unique<QProgressDialog>(QObject::tr("Opening %1...").arg(name),
+                                                QObject::tr("Cancel"), 0, 0, window)) {
     mDialog->setObjectName("openProgress");
     mDialog->setWindowTitle(QObject::tr("Open Data"));
     mDialog->setWindowModality(Qt::WindowModal);

@@ -16,7 +16,9 @@ namespace TMObjects {
 // nothing may change the map half-way through.
 class TLOpenProgress {
 public:
-    TLOpenProgress(QWidget* window, const QString& path);
+    // `name` is what the user knows the source by (a file's name, a connection without its
+    // password).
+    TLOpenProgress(QWidget* window, const QString& name);
     ~TLOpenProgress();
     TLOpenProgress(const TLOpenProgress&) = delete;
     TLOpenProgress& operator=(const TLOpenProgress&) = delete;

@@ -23,6 +23,7 @@
 #include "TLMapCanvas.h"
 #include "TLMapSystem.h"
 #include "TLOpenProgress.h"
+#include "TLPgOpenDialog.h"
 #include "TLRequiredValues.h"
 #include "TLShellCommands.h"
 #include "TLShellDocument.h"
@@ -36,6 +37,7 @@
 #include "tlmap/TLFeatureLayer.h"
 #include "tlmap/TLMapView.h"
 #include "tlmap/TLRubberBand.h"
+#include "tmgis/TLPgConnection.h"
 
 namespace TMObjects {
 
@@ -137,6 +139,11 @@ void TLShellWindow::buildDocks() {
 void TLShellWindow::buildMenus() {
     QMenu* file = menuBar()->addMenu(tr("&File"));
     file->addAction(tr("&Open Data..."), this, &TLShellWindow::openDialog, QKeySequence::Open);
+    // A database's tables open as a data source named by its connection.
+    file->addAction(tr("Open &PostGIS Layers..."), this, [this] {
+        TLPgOpenDialog dialog(this);
+        if (dialog.exec() == QDialog::Accepted) OpenData(ToQString(dialog.Connection()));
+    });
     mSave = file->addAction(tr("&Save Edits"), this, &TLShellWindow::SaveEdits, QKeySequence::Save);
     file->addSeparator();
     file->addAction(tr("&Quit"), this, &QWidget::close, QKeySequence::Quit);
@@ -391,8 +398,13 @@ void TLShellWindow::editLayerChanged() {
 
 bool TLShellWindow::OpenData(const QString& path) {
     const bool first = mDocument->Map()->GetLayerCount() == 0;
+    // A database is named by its connection, shown without its password.
+    const QString name =
+        TLPgConnection::Names(ToTLString(path))
+            ? QString::fromStdString(TLPgConnection::Redacted(ToTLString(path).toStdString()))
+            : QFileInfo(path).fileName();
     QString error;
-    TLOpenProgress progress(this, path);
+    TLOpenProgress progress(this, name);
     if (!mDocument->Open(path, error, progress.Listener())) {
         QMessageBox::warning(this, tr("Open Data"), error);
         return false;
@@ -403,7 +415,7 @@ bool TLShellWindow::OpenData(const QString& path) {
     mLayers->Reload();
     if (first) mCanvas->ZoomToFullExtent();
     mCanvas->RefreshAll();
-    setWindowTitle(QStringLiteral("tlhost - %1[*]").arg(QFileInfo(path).fileName()));
+    setWindowTitle(QStringLiteral("tlhost - %1[*]").arg(name));
     if (!hadEditLayer && mDocument->Map()->editor()->edit_layer()) editLayerChanged();
     return true;
 }
