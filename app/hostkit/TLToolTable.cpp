@@ -59,7 +59,7 @@ const std::vector<TLToolTable::Entry>& TLToolTable::Entries() {
         {"TLToolAdvancedEditAnnotation", nullptr, "Annotation", NoBehaviour},
         {"TLToolAdvancedMoveAnnotation", nullptr, "Annotation", NoBehaviour},
         {"TLToolPartCopy", "Part Copy", "Feature editing", NotBuilt},
-        {"TLToolPartConnect", nullptr, "Feature editing", NotBuilt},
+        {"TLToolPartConnect", nullptr, "Feature editing", Built},
         {"TLToolPartOffset", "Part Offset", "Feature editing", NotBuilt},
         {"TLToolWholeOffset", "Whole Offset", "Feature editing", NotBuilt},
         {"TLAspectCalculation", nullptr, "Raster analysis", NotBuilt},
