@@ -1,5 +1,7 @@
 #include "edit/TLAttributeCopy.h"
 
+#include "tlmap/TLFeatureLayer.h"
+#include "tlmap/TLLayerEditBuffer.h"
 #include "tlsde/TLFeature.h"
 
 namespace TMObjects {
@@ -14,6 +16,16 @@ void TLAttributeCopy::Copy(const TLFeature& from, TLFeature& to, bool skipNull) 
         if (skipNull && value.IsNull()) continue;
         to.SetValue(field->GetName(), value);
     }
+}
+
+bool TLAttributeCopy::AddPiece(TLFeatureLayer* layer, int oldId, TLRefPtr<TLGeometry> piece) {
+    TLFeature feature;
+    feature.SetGeometry(piece);
+    TLRefPtr<TLFeature> old = layer->GetFeature(oldId);
+    if (!old) return false;
+    Copy(*old, feature);
+    layer->layer_edit_buffer()->AddFeature(feature, true, true);
+    return true;
 }
 
 }  // namespace TMObjects

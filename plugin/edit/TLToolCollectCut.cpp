@@ -25,10 +25,6 @@ const char* const kTargetPrompt =
     "Please select feature to be cut/Press Space or Enter after selection:";
 const char* const kDropPrompt = "Please select the line to cut off/End(E):";
 
-bool differ(TLCoordinateSystem* a, TLCoordinateSystem* b) {
-    return a && b && !a->IsSame(b);
-}
-
 // Selects exactly the feature `id` of `layer`.
 void selectOnly(TLFeatureLayer* layer, int id) {
     layer->ClearSelect(false);
@@ -158,11 +154,10 @@ void TLToolCollectCut::cut(const TLPoint& clickOnMap, double tolerance) {
     TLRefPtr<TLFeature> cutter = mCutLineLayer->GetFeature(mCutLineId);
     TLRefPtr<TLGeometry> cutterGeometry = cutter ? cutter->GetGeometry() : nullptr;
     TLRefPtr<TLCoordinateSystem> cutterReference = mCutLineLayer->GetSpatialReference();
-    if (cutterGeometry && differ(cutterReference.get(), targetReference.get())) {
+    if (cutterGeometry &&
+        TLClickQuery::SystemsDiffer(cutterReference.get(), targetReference.get())) {
         cutterGeometry = cutterGeometry->Clone();
-        TLGeometryProject project;
-        project.SetPrj(cutterReference.get(), targetReference.get(), nullptr);
-        project.ProjTmGeometry(cutterGeometry.get());
+        TLClickQuery::Project(cutterGeometry.get(), cutterReference.get(), targetReference.get());
     }
 
     std::vector<TLRefPtr<TLGeometry>> pieces;
@@ -170,7 +165,7 @@ void TLToolCollectCut::cut(const TLPoint& clickOnMap, double tolerance) {
     if (!pieces.empty()) {
         TLPoint click = clickOnMap;
         TLRefPtr<TLCoordinateSystem> mapReference = map->GetSpatialReference();
-        if (differ(mapReference.get(), targetReference.get())) {
+        if (TLClickQuery::SystemsDiffer(mapReference.get(), targetReference.get())) {
             TLGeometryProject project;
             project.SetPrj(mapReference.get(), targetReference.get(), nullptr);
             project.ProjPoint(click);
@@ -178,18 +173,12 @@ void TLToolCollectCut::cut(const TLPoint& clickOnMap, double tolerance) {
         TLEditor* editor = map->editor();
         editor->StartOperation(TLString("Trim line"));
         editor->set_edit_layer(mTargetLayer);
-        TLLayerEditBuffer* buffer = mTargetLayer->layer_edit_buffer();
         for (const TLRefPtr<TLGeometry>& piece : pieces) {
             if (hitSegment(piece.get(), click.x, click.y, tolerance) >= 0) continue;
-            TLFeature feature;
-            feature.SetGeometry(piece);
-            TLRefPtr<TLFeature> old = mTargetLayer->GetFeature(mTargetId);
             // The old feature is gone: the step stays open, as far as it went.
-            if (!old) return;
-            TLAttributeCopy::Copy(*old, feature);
-            buffer->AddFeature(feature, true, true);
+            if (!TLAttributeCopy::AddPiece(mTargetLayer, mTargetId, piece)) return;
         }
-        buffer->DeleteFeature(mTargetId, true, true);
+        mTargetLayer->layer_edit_buffer()->DeleteFeature(mTargetId, true, true);
         editor->CommitOperation(true);
     }
     clearMembers();

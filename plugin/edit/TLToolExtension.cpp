@@ -23,10 +23,6 @@ const char* const kTargetPrompt = "Please select target line:";
 const char* const kObjectsPrompt = "Please select objects to extend:";
 const char* const kDistancePrompt = "Please enter extension distance:";
 
-bool differ(TLCoordinateSystem* a, TLCoordinateSystem* b) {
-    return a && b && !a->IsSame(b);
-}
-
 TLPoint rawPoint(const double* xy, int i) {
     return TLPoint(xy[2 * i], xy[2 * i + 1]);
 }
@@ -48,14 +44,18 @@ TLToolExtension::TLToolExtension(TLToolBuddy* buddy) : TLTool(buddy) {}
 
 TLToolExtension::~TLToolExtension() = default;
 
-void TLToolExtension::activate() {
-    mActive = true;
+void TLToolExtension::reset() {
     mStep = 0;
     mMode = 1;
     mFinished = false;
     mLayer = nullptr;
     mFeatureId = -1;
     mExtendAtStart = false;
+}
+
+void TLToolExtension::activate() {
+    mActive = true;
+    reset();
     TLMapView* view = mBuddy ? mBuddy->GetMapView() : nullptr;
     if (!view || !view->GetMap()) return;
     mBuddy->SetPrompt(toolText(kOpeningPrompt));
@@ -63,12 +63,7 @@ void TLToolExtension::activate() {
 }
 
 void TLToolExtension::deactivate() {
-    mMode = 1;
-    mStep = 0;
-    mFinished = false;
-    mLayer = nullptr;
-    mFeatureId = -1;
-    mExtendAtStart = false;
+    reset();
     if (mBuddy) mBuddy->UnregisterTool(this, false);
     TLTool::deactivate();
 }
@@ -154,12 +149,11 @@ void TLToolExtension::extendToTarget(TLFeatureLayer* layer, int id) {
     TLRefPtr<TLGeometry> target = targetFeature ? targetFeature->GetGeometry() : nullptr;
     auto* line =
         lineFeature ? dynamic_cast<TLGeoPolyline*>(lineFeature->GetGeometry().get()) : nullptr;
-    if (target && differ(mLayer->GetSpatialReference().get(), layer->GetSpatialReference().get())) {
+    if (target && TLClickQuery::SystemsDiffer(mLayer->GetSpatialReference().get(),
+                                              layer->GetSpatialReference().get())) {
         target = target->Clone();
-        TLGeometryProject project;
-        project.SetPrj(mLayer->GetSpatialReference().get(), layer->GetSpatialReference().get(),
-                       nullptr);
-        project.ProjTmGeometry(target.get());
+        TLClickQuery::Project(target.get(), mLayer->GetSpatialReference().get(),
+                              layer->GetSpatialReference().get());
     }
     double *t = nullptr, *l = nullptr;
     int m = 0, n = 0;
@@ -254,12 +248,10 @@ void TLToolExtension::extendByDistance(double distance) {
     if (!geometry || geometry->GetType() != TLGeometry::GeoPolyline) return;
     TLRefPtr<TLCoordinateSystem> layerReference = mLayer->GetSpatialReference();
     TLRefPtr<TLCoordinateSystem> mapReference = map->GetSpatialReference();
-    const bool project = differ(layerReference.get(), mapReference.get());
+    const bool project = TLClickQuery::SystemsDiffer(layerReference.get(), mapReference.get());
     if (project) {
         geometry = geometry->Clone();
-        TLGeometryProject toMap;
-        toMap.SetPrj(layerReference.get(), mapReference.get(), nullptr);
-        toMap.ProjTmGeometry(geometry.get());
+        TLClickQuery::Project(geometry.get(), layerReference.get(), mapReference.get());
     }
     TLRect rect = geometry->GetBound();
     double* xy = nullptr;

@@ -30,6 +30,7 @@ private:
         TLRefPtr<TLGeometry> geometry;  // map coordinates
     };
 
+    void reset();
     Hit pickLine(const TLPoint& click, double tolerance);
     void decideEnd(const Hit& hit);
     void extendToTarget(TLFeatureLayer* layer, int id);

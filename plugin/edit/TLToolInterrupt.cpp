@@ -34,18 +34,6 @@ const char* const kDrawPrompt = "Please draw a cutting line,double click to end:
 const char* const kSelectFirst = "Please select a line feature first!";
 const TLColor kRed(255, 0, 0);
 
-bool differ(TLCoordinateSystem* a, TLCoordinateSystem* b) {
-    return a && b && !a->IsSame(b);
-}
-
-// Projects in place from one system to another when both are set and differ.
-void project(TLGeometry* geometry, TLCoordinateSystem* from, TLCoordinateSystem* to) {
-    if (!geometry || !differ(from, to)) return;
-    TLGeometryProject projection;
-    projection.SetPrj(from, to, nullptr);
-    projection.ProjTmGeometry(geometry);
-}
-
 void layerRemovedHandler() {}
 
 }  // namespace
@@ -176,9 +164,9 @@ TLRefPtr<TLGeometry> TLToolInterrupt::featureInMap() {
     if (!geometry || !view || !view->GetMap() || !layer) return geometry;
     TLRefPtr<TLCoordinateSystem> mapReference = view->GetMap()->GetSpatialReference();
     TLRefPtr<TLCoordinateSystem> layerReference = layer->GetSpatialReference();
-    if (differ(mapReference.get(), layerReference.get())) {
+    if (TLClickQuery::SystemsDiffer(mapReference.get(), layerReference.get())) {
         geometry = geometry->Clone();
-        project(geometry.get(), layerReference.get(), mapReference.get());
+        TLClickQuery::Project(geometry.get(), layerReference.get(), mapReference.get());
     }
     return geometry;
 }
@@ -229,23 +217,16 @@ void TLToolInterrupt::writePieces(std::vector<TLRefPtr<TLGeoPolyline>>& pieces, 
     TLRefPtr<TLCoordinateSystem> mapReference = view->GetMap()->GetSpatialReference();
     TLRefPtr<TLCoordinateSystem> layerReference = layer->GetSpatialReference();
     TLRect rect;
-    if (differ(mapReference.get(), layerReference.get())) {
+    if (TLClickQuery::SystemsDiffer(mapReference.get(), layerReference.get())) {
         for (TLRefPtr<TLGeoPolyline>& piece : pieces) {
             rect.Union(piece->GetBound());
-            project(piece.get(), mapReference.get(), layerReference.get());
+            TLClickQuery::Project(piece.get(), mapReference.get(), layerReference.get());
         }
     }
-    TLRefPtr<TLFeature> old = layer->GetFeature(id);
     // The feature is gone: the pieces are dropped and the step stays open.
-    if (!old) return;
-    TLLayerEditBuffer* buffer = layer->layer_edit_buffer();
-    for (const TLRefPtr<TLGeoPolyline>& piece : pieces) {
-        TLFeature feature;
-        feature.SetGeometry(piece);
-        TLAttributeCopy::Copy(*old, feature);
-        buffer->AddFeature(feature, true, true);
-    }
-    buffer->DeleteFeature(id, true, true);
+    if (!layer->GetFeature(id)) return;
+    for (const TLRefPtr<TLGeoPolyline>& piece : pieces) TLAttributeCopy::AddPiece(layer, id, piece);
+    layer->layer_edit_buffer()->DeleteFeature(id, true, true);
     mEditor->CommitOperation(true);
     if (mMethod == 1) {
         mBuddy->SetPrompt(toolText("Continue to break at single point?(Y/N):"));
@@ -341,8 +322,8 @@ void TLToolInterrupt::selectInBox(int x, int y) {
         ymax += tolerance;
     }
     TLRefPtr<TLGeometry> box(new TLGeoEnvelope(xmin, ymin, xmax, ymax));
-    project(box.get(), view->GetMap()->GetSpatialReference().get(),
-            layer->GetSpatialReference().get());
+    TLClickQuery::Project(box.get(), view->GetMap()->GetSpatialReference().get(),
+                          layer->GetSpatialReference().get());
     TLQueryFilter filter = layer->query_filter();
     if (filter.IsSpatialFilter()) {
         filter.SetFilterGeometry(filter.GetFilterGeometry()->Intersect(box.get(), 0.1 * tolerance));
@@ -374,7 +355,7 @@ bool TLToolInterrupt::OnDblClick(TLMouseButton, int x, int y) {
     entity->entity_BeginPath();
     entity->entity_BeginSegment(1);
     std::unique_ptr<TLGeometryProject> toLayer;
-    if (differ(mapReference.get(), layerReference.get())) {
+    if (TLClickQuery::SystemsDiffer(mapReference.get(), layerReference.get())) {
         toLayer = std::make_unique<TLGeometryProject>();
         toLayer->SetPrj(mapReference.get(), layerReference.get(), nullptr);
     }
@@ -393,17 +374,11 @@ bool TLToolInterrupt::OnDblClick(TLMouseButton, int x, int y) {
     }
     mEditor->StartOperation(TLString("interrupt"));
     TLRect rect;
-    TLLayerEditBuffer* buffer = layer->layer_edit_buffer();
     for (const TLRefPtr<TLGeoPolyline>& piece : pieces) {
         rect.Union(piece->GetBound());
-        TLFeature feature;
-        feature.SetGeometry(piece);
-        TLRefPtr<TLFeature> old = layer->GetFeature(id);
-        if (!old) return true;
-        TLAttributeCopy::Copy(*old, feature);
-        buffer->AddFeature(feature, true, true);
+        if (!TLAttributeCopy::AddPiece(layer, id, piece)) return true;
     }
-    buffer->DeleteFeature(id, false, false);
+    layer->layer_edit_buffer()->DeleteFeature(id, false, false);
     mEditor->CommitOperation(true);
     deactivate();
     if (view->GetDisplay()) view->GetDisplay()->ToMapRect(layerReference.get(), rect);
