@@ -139,9 +139,13 @@ void TLFeatureTable::Load(TLFeature feature) {
     mIndex.reset();
 }
 
+void TLFeatureTable::ReserveIdsBelow(int id) {
+    mNextId = std::max(mNextId, id);
+}
+
 int TLFeatureTable::Insert(const TLFeature& feature) {
     int id = feature.GetId();
-    if (id < 0 || HasFeature(id)) id = mNextId;
+    if (id < 0 || HasFeature(id) || mRetired.count(id) != 0) id = mNextId;
     keep(id);
     TLFeature& stored = mFeatures[id] = normalised(feature);
     stored.SetId(id);
@@ -157,6 +161,7 @@ bool TLFeatureTable::Delete(int id) {
     if (it == mFeatures.end()) return false;
     keep(id);
     mFeatures.erase(it);
+    mRetired.insert(id);
     mLent.erase(id);
     indexRemove(id);
     weigh(id);
@@ -197,6 +202,7 @@ void TLFeatureTable::Restore(int id, const std::optional<TLFeature>& feature) {
     }
     const bool existed = it != mFeatures.end();
     keep(id);
+    mRetired.erase(id);
     TLFeature& stored = mFeatures[id] = *feature;
     stored.SetId(id);
     stored.SetFields(mFields);
@@ -246,6 +252,9 @@ std::vector<TLFeatureChange> TLFeatureTable::PendingChanges() const {
 
 bool TLFeatureTable::Save(TLString& error) {
     error = TLString();
+    // A geometry lent out may have been changed in place inside a step that is still open: what
+    // the user sees is what is saved.
+    for (int id : mLent) weigh(id);
     const std::vector<TLFeatureChange> changes = PendingChanges();
     // On failure the changes stay pending, so that the user can try again or undo.
     if (mStore && !changes.empty() && !mStore->Commit(*this, changes, error)) return false;

@@ -213,7 +213,11 @@ bool TLOgrFeatureStore::commitByRewrite(const TLFeatureTable& table,
         for (int i = 0; written && i < old->GetLayerDefn()->GetFieldCount(); ++i)
             written = target->CreateField(old->GetLayerDefn()->GetFieldDefn(i)) == OGRERR_NONE;
         if (!written) why = gdal.Reason("cannot make the new copy");
-        if (written) written = writeAll(table, changed, created, *old, *target, ids, why);
+        // A Shapefile's line and polygon layers take shapes of several parts though they say
+        // single.
+        const bool singleMeansSingle = driver != "ESRI Shapefile";
+        if (written)
+            written = writeAll(table, changed, created, *old, *target, singleMeansSingle, ids, why);
         if (written) {
             copy.reset();  // closing writes the files out
             if (gdal.HasFailures()) {
@@ -245,7 +249,8 @@ bool TLOgrFeatureStore::commitByRewrite(const TLFeatureTable& table,
 
 bool TLOgrFeatureStore::writeAll(const TLFeatureTable& table, const std::set<int>& changed,
                                  const std::set<int>& created, OGRLayer& source, OGRLayer& target,
-                                 std::map<int, long long>& ids, std::string& why) {
+                                 bool singleMeansSingle, std::map<int, long long>& ids,
+                                 std::string& why) {
     TLGdalCall gdal;
     for (int id : table.GetIds()) {
         OGRFeature feature(target.GetLayerDefn());
@@ -259,7 +264,8 @@ bool TLOgrFeatureStore::writeAll(const TLFeatureTable& table, const std::set<int
         }
         feature.SetFID(id);
         if (changed.count(id) &&
-            !TLOgrValues::Apply(*table.PeekFeature(id), feature, target.GetGeomType(), why)) {
+            !TLOgrValues::Apply(*table.PeekFeature(id), feature, target.GetGeomType(), why,
+                                singleMeansSingle)) {
             why = "feature " + std::to_string(id) + ": " + why;
             return false;
         }

@@ -48,7 +48,7 @@ private:
     // with the table's changes laid over, new ones from the table.
     bool writeAll(const TLFeatureTable& table, const std::set<int>& changed,
                   const std::set<int>& created, OGRLayer& source, OGRLayer& target,
-                  std::map<int, long long>& ids, std::string& why);
+                  bool singleMeansSingle, std::map<int, long long>& ids, std::string& why);
     bool apply(OGRLayer& layer, const TLFeatureChange& change, std::map<int, long long>& created,
                TLGdalCall& gdal, std::string& why);
     TLString failure(int id, const std::string& why) const;

@@ -95,8 +95,28 @@ void TMWorkspace::readVectors(GDALDataset& dataset, bool editable) {
         }
         TLRefPtr<TLFeatureLayer> featureLayer =
             readVector(*layer, storePathOf(dataset, *layer), editable);
-        if (featureLayer) mLayers.push_back(TLRefPtr<TLLayer>(featureLayer.get()));
+        if (!featureLayer) continue;
+        const long long highest = highestIdEver(dataset, *layer);
+        if (highest > 0 && highest < INT_MAX)
+            featureLayer->GetDatasource()->ReserveIdsBelow(int(highest) + 1);
+        mLayers.push_back(TLRefPtr<TLLayer>(featureLayer.get()));
     }
+}
+
+long long TMWorkspace::highestIdEver(GDALDataset& dataset, OGRLayer& layer) {
+    if (std::string(dataset.GetDriver()->GetDescription()) != "GPKG") return 0;
+    TLGdalCall quiet;  // a file without AUTOINCREMENT tables has no sqlite_sequence
+    std::string name = layer.GetName();
+    for (std::size_t at = name.find('\''); at != std::string::npos; at = name.find('\'', at + 2))
+        name.insert(at, 1, '\'');
+    OGRLayer* result = dataset.ExecuteSQL(
+        ("SELECT seq FROM sqlite_sequence WHERE name = '" + name + "'").c_str(), nullptr, nullptr);
+    if (!result) return 0;
+    long long highest = 0;
+    if (std::unique_ptr<OGRFeature> row{result->GetNextFeature()})
+        highest = row->GetFieldAsInteger64(0);
+    dataset.ReleaseResultSet(result);
+    return highest;
 }
 
 TLString TMWorkspace::storePathOf(GDALDataset& dataset, OGRLayer& layer) const {
