@@ -7,8 +7,11 @@
 namespace TMObjects {
 
 // Compares a geometry with an expected one written as WKT: the same kind and parts, and each
-// vertex, in order, within a tolerance of the expected one. Rings keep their direction, so a
-// ring drawn the other way round is a different ring.
+// vertex, in order, within a tolerance of the expected one. Kind and parts are compared with the
+// text as written against the geometry as the host prints it (TLGeometryWkt::ToWkt): a polygon
+// of three rings is no multipolygon of three parts, a hole belongs to the shell it follows, and a
+// multilinestring of one path is no linestring. Rings keep their direction, so a ring drawn the
+// other way round is a different ring.
 class TLGeometryMatch {
 public:
     // False with the reason in `why` ("expected ..., got ..."): the kind or the parts differ,

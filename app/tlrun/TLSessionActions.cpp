@@ -5,6 +5,8 @@
 #include <map>
 
 #include "hostkit/TLDialogDriver.h"
+#include "hostkit/TLGuardedApplication.h"
+#include "hostkit/TLItemViewDriver.h"
 #include "tlmap/TLLayerEditBuffer.h"
 
 namespace TMObjects {
@@ -42,6 +44,8 @@ bool TLSessionActions::Knows(const std::string& verb) {
 
 bool TLSessionActions::Run(const TLSessionCommand& c, std::string& error) {
     const std::string& v = c.verb;
+    // A message box counts for `expect box` only when the action about to run shows it.
+    if (!mSession.Dry() && v != "answer" && v != "file") mSession.MarkEvent();
     if (v == "tool") return tool(c, error);
     if (v == "deactivate") {
         if (!c.Expect(0, 0, "deactivate", error)) return false;
@@ -55,6 +59,9 @@ bool TLSessionActions::Run(const TLSessionCommand& c, std::string& error) {
     if (v == "undo" || v == "redo") return undo(c, error);
     if (v == "save") return save(c, error);
     if (v == "set") return set(c, error);
+    if (v == "dialog" && !c.words.empty() &&
+        (c.words[0] == "click-item" || c.words[0] == "click-cell"))
+        return dialogItem(c, error);
     if (v == "dialog") return dialog(c, error);
     if (v == "answer" || v == "file") return answer(c, error);
     error = "unknown verb \"" + v + "\"";
@@ -230,10 +237,45 @@ bool TLSessionActions::dialog(const TLSessionCommand& c, std::string& error) {
         return true;
     }
     std::string refused;
-    if (!(setting ? TLDialogDriver::Set(widget, c.words[2], refused)
-                  : TLDialogDriver::Click(widget, refused)))
+    bool taken = true;
+    // The user's hand on the dialog: a failure in the slot it sets off is caught and reported
+    // as the toolkit's event loop would have it (TLGuardedApplication), not as a broken command.
+    TLGuardedApplication::Guard([&] {
+        taken = setting ? TLDialogDriver::Set(widget, c.words[2], refused)
+                        : TLDialogDriver::Click(widget, refused);
+    });
+    if (!taken)
         mSession.SetTrouble("expected " + c.words[1] + " to take the " +
                             (setting ? "value" : "click") + ", got: " + refused);
+    return true;
+}
+
+bool TLSessionActions::dialogItem(const TLSessionCommand& c, std::string& error) {
+    const bool cell = c.words[0] == "click-cell";
+    const char* usage =
+        cell ? "dialog click-cell OBJECT ROW COLUMN" : "dialog click-item OBJECT \"ITEM\"";
+    int row = 0, column = 0;
+    if (!c.Expect(3, cell ? 4 : 1000, usage, error) ||
+        (cell &&
+         (c.words.size() != 4 || !c.Integer(2, row, error) || !c.Integer(3, column, error)))) {
+        if (error.empty()) error = std::string("usage: ") + usage;
+        return false;
+    }
+    if (mSession.Dry()) return true;
+    std::string missing;
+    QWidget* widget = TLDialogDriver::Find(c.words[1], missing);
+    if (!widget) {
+        mSession.SetTrouble("expected a widget \"" + c.words[1] + "\" on screen, got none");
+        return true;
+    }
+    std::string refused;
+    bool taken = true;
+    TLGuardedApplication::Guard([&] {
+        taken = cell ? TLItemViewDriver::ClickCell(widget, row, column, refused)
+                     : TLItemViewDriver::ClickItem(widget, c.Rest(2), refused);
+    });
+    if (!taken)
+        mSession.SetTrouble("expected " + c.words[1] + " to take the click, got: " + refused);
     return true;
 }
 

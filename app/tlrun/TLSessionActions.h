@@ -28,6 +28,11 @@ namespace TMObjects {
 //   set NAME ID FIELD VALUE     an attribute change as the attribute editor makes it, one step
 //   dialog set OBJECT VALUE     types or picks a value in a widget of a dialog on screen
 //   dialog click OBJECT         clicks a button of a dialog on screen
+//   dialog click-item OBJECT "ITEM"
+//                               clicks the item of a tree or list that shows ITEM (the first,
+//                               depth first; "PARENT > CHILD" for one under another)
+//   dialog click-cell OBJECT ROW COLUMN
+//                               clicks a cell of a table, rows and columns from 0
 //   answer ok|yes|no|cancel     the answer to the next modal dialog
 //   file PATH                   the file chosen in the next file dialog
 // Each event's result goes to the transcript; `expect result` looks at the main one: the press of
@@ -51,6 +56,7 @@ private:
     void saveLayer(TLFeatureLayer* layer, bool named);
     bool set(const TLSessionCommand& c, std::string& error);
     bool dialog(const TLSessionCommand& c, std::string& error);
+    bool dialogItem(const TLSessionCommand& c, std::string& error);
     bool answer(const TLSessionCommand& c, std::string& error);
 
     // Tells the transcript what an event entry returned and keeps it when it is the main one.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "TLDialogChecks.h"
 #include "TLGeometryMatch.h"
 #include "hostkit/TLDialogDriver.h"
 #include "tlgeo/TLGeometryWkt.h"
@@ -49,6 +50,7 @@ bool TLSessionChecks::Run(const TLSessionCommand& c, std::string& failure, std::
     if (what == "stored-wkt") return storedWkt(c, failure, error);
     if (what == "save-error") return saveError(c, failure, error);
     if (what == "clip") return clip(c, failure, error);
+    if (TLDialogChecks::Knows(what)) return TLDialogChecks(mSession).Run(c, failure, error);
     error = "unknown expectation " + inQuotes(what);
     return false;
 }
@@ -221,7 +223,8 @@ bool TLSessionChecks::op(const TLSessionCommand& c, std::string& failure, std::s
 }
 
 bool TLSessionChecks::widget(const TLSessionCommand& c, std::string& failure, std::string& error) {
-    if (!c.Expect(3, 1000, "expect widget OBJECT \"TEXT\"", error)) return false;
+    if (TLDialogChecks(mSession).NumericWidget(c, failure, error)) return error.empty();
+    if (!c.Expect(3, 1000, "expect widget OBJECT \"TEXT\"|~VALUE TOL", error)) return false;
     if (mSession.Dry()) return true;
     const std::string want = c.Rest(2);
     std::string why;

@@ -12,10 +12,12 @@ namespace TMObjects {
 // stops the session.
 //
 //   expect prompt|message|notice|box "T"   the prompt shown, the last history line, the last
-//                                          notice, the text of the last message box
+//                                          notice, the text of the last message box shown by
+//                                          the action just before
 //   expect count NAME N                    features in the layer
-//   expect wkt NAME ID "WKT" [TOL]         a feature's geometry in the layer's coordinates,
-//                                          vertex by vertex within TOL (default 1e-6)
+//   expect wkt NAME ID "WKT" [TOL]         a feature's geometry in the layer's coordinates:
+//                                          kind and parts as written, vertex by vertex within
+//                                          TOL (default 1e-6)
 //   expect last NAME "WKT" [TOL]           the same for the feature of the highest id
 //   expect attr NAME ID FIELD "VALUE"      a field's value as text; (null) for none
 //   expect selected NAME ID...             the layer's selection, exactly; no ids for none
@@ -23,6 +25,8 @@ namespace TMObjects {
 //   expect undo N                          steps that undo can take back
 //   expect op "LABEL"                      the label of the last operation committed
 //   expect widget OBJECT "T"               what a widget of a dialog on screen shows
+//   expect widget OBJECT ~VALUE TOL        a number it shows, within TOL (TLDialogChecks.h, with
+//                                          the other expectations of dialogs on screen)
 //   expect failure "T"                     the last event failed and the host caught it; T is
 //                                          part of what was caught. Without this line straight
 //                                          after it, a caught failure stops the session

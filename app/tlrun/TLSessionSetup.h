@@ -30,6 +30,8 @@ namespace TMObjects {
 //   select NAME ID...              the layer's selection; "select none" clears every layer's
 //   modifiers none|shift|ctrl|shift+ctrl   the keys held from now on
 //   partmode line|polygon N        the part mode the host answers the line or polygon tool
+// The host's options (selection mode, a layer's standing filter, the measuring settings) are set
+// by the commands of TLEnvironmentSetup.h.
 class TLSessionSetup {
 public:
     explicit TLSessionSetup(TLSession& session) : mSession(session) {}
