@@ -228,25 +228,10 @@ bool TLSessionActions::dialog(const TLSessionCommand& c, std::string& error) {
         return false;
     }
     if (mSession.Dry()) return true;
-    // A dialog that is not there is what the script did not expect: the session fails, as at an
-    // expectation.
-    std::string missing;
-    QWidget* widget = TLDialogDriver::Find(c.words[1], missing);
-    if (!widget) {
-        mSession.SetTrouble("expected a widget \"" + c.words[1] + "\" on screen, got none");
-        return true;
-    }
-    std::string refused;
-    bool taken = true;
-    // The user's hand on the dialog: a failure in the slot it sets off is caught and reported
-    // as the toolkit's event loop would have it (TLGuardedApplication), not as a broken command.
-    TLGuardedApplication::Guard([&] {
-        taken = setting ? TLDialogDriver::Set(widget, c.words[2], refused)
-                        : TLDialogDriver::Click(widget, refused);
+    handWidget(c.words[1], setting ? "value" : "click", [&](QWidget* widget, std::string& refused) {
+        return setting ? TLDialogDriver::Set(widget, c.words[2], refused)
+                       : TLDialogDriver::Click(widget, refused);
     });
-    if (!taken)
-        mSession.SetTrouble("expected " + c.words[1] + " to take the " +
-                            (setting ? "value" : "click") + ", got: " + refused);
     return true;
 }
 
@@ -262,21 +247,30 @@ bool TLSessionActions::dialogItem(const TLSessionCommand& c, std::string& error)
         return false;
     }
     if (mSession.Dry()) return true;
+    handWidget(c.words[1], "click", [&](QWidget* widget, std::string& refused) {
+        return cell ? TLItemViewDriver::ClickCell(widget, row, column, refused)
+                    : TLItemViewDriver::ClickItem(widget, c.Rest(2), refused);
+    });
+    return true;
+}
+
+void TLSessionActions::handWidget(const std::string& name, const char* what,
+                                  const std::function<bool(QWidget*, std::string&)>& act) {
+    // A dialog that is not there is what the script did not expect: the session fails, as at an
+    // expectation.
     std::string missing;
-    QWidget* widget = TLDialogDriver::Find(c.words[1], missing);
+    QWidget* widget = TLDialogDriver::Find(name, missing);
     if (!widget) {
-        mSession.SetTrouble("expected a widget \"" + c.words[1] + "\" on screen, got none");
-        return true;
+        mSession.SetTrouble("expected a widget \"" + name + "\" on screen, got none");
+        return;
     }
     std::string refused;
     bool taken = true;
-    TLGuardedApplication::Guard([&] {
-        taken = cell ? TLItemViewDriver::ClickCell(widget, row, column, refused)
-                     : TLItemViewDriver::ClickItem(widget, c.Rest(2), refused);
-    });
+    // The user's hand on the dialog: a failure in the slot it sets off is caught and reported
+    // as the toolkit's event loop would have it (TLGuardedApplication), not as a broken command.
+    TLGuardedApplication::Guard([&] { taken = act(widget, refused); });
     if (!taken)
-        mSession.SetTrouble("expected " + c.words[1] + " to take the click, got: " + refused);
-    return true;
+        mSession.SetTrouble("expected " + name + " to take the " + what + ", got: " + refused);
 }
 
 bool TLSessionActions::answer(const TLSessionCommand& c, std::string& error) {

@@ -1,9 +1,12 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "TLSession.h"
 #include "TLSessionScript.h"
+
+class QWidget;
 
 namespace TMObjects {
 
@@ -57,6 +60,10 @@ private:
     bool set(const TLSessionCommand& c, std::string& error);
     bool dialog(const TLSessionCommand& c, std::string& error);
     bool dialogItem(const TLSessionCommand& c, std::string& error);
+    // Finds the widget on screen and lets `act` take it as the user's hand would, guarded; a
+    // widget that is missing or refuses is trouble for the session.
+    void handWidget(const std::string& name, const char* what,
+                    const std::function<bool(QWidget*, std::string&)>& act);
     bool answer(const TLSessionCommand& c, std::string& error);
 
     // Tells the transcript what an event entry returned and keeps it when it is the main one.

@@ -8,11 +8,6 @@ namespace {
 // given, stay given in the file too.
 class StoreRefusal : public DataFixture {
 protected:
-    static TLFeature featureWith(const char* wkt) {
-        TLFeature feature;
-        feature.SetGeometry(geometry(wkt));
-        return feature;
-    }
     static std::string saveFailure(TLFeatureTable& table) {
         TLString why;
         return table.Save(why) ? std::string("saved") : why.toStdString();
