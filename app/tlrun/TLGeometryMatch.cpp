@@ -74,17 +74,22 @@ bool TLGeometryMatch::Readable(const std::string& wkt, std::string& error) {
 
 bool TLGeometryMatch::Matches(TLGeometry* actual, const std::string& expectedWkt, double tolerance,
                               std::string& why) {
+    return MatchesText(actual ? TLGeometryWkt::ToWkt(actual) : std::string(), expectedWkt,
+                       tolerance, why);
+}
+
+bool TLGeometryMatch::MatchesText(const std::string& have, const std::string& expectedWkt,
+                                  double tolerance, std::string& why) {
     const TLRefPtr<TLGeometry> expected = TLGeometryWkt::FromWkt(expectedWkt);
     if (!expected) {
         why = "the expected geometry \"" + expectedWkt + "\" is no WKT";
         return false;
     }
     const std::string want = asWritten(expectedWkt, expected.get());
-    if (!actual) {
+    if (have.empty()) {
         why = "expected " + want + ", got no geometry";
         return false;
     }
-    const std::string have = TLGeometryWkt::ToWkt(actual);
     const Cut a = cut(have), b = cut(want);
     if (a.shape != b.shape) {
         why = "expected " + want + ", got " + have;

@@ -19,6 +19,9 @@ public:
     // Readable).
     static bool Matches(TLGeometry* actual, const std::string& expectedWkt, double tolerance,
                         std::string& why);
+    // The same for a geometry given as WKT, as a data source writes it (an empty text for none).
+    static bool MatchesText(const std::string& actualWkt, const std::string& expectedWkt,
+                            double tolerance, std::string& why);
     // False with the reason when the text is no WKT the host reads: the script is wrong, not
     // the session.
     static bool Readable(const std::string& wkt, std::string& error);

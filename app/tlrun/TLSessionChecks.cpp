@@ -310,7 +310,16 @@ bool TLSessionChecks::storedWkt(const TLSessionCommand& c, std::string& failure,
                   c.words[1] + ", got no such feature";
         return true;
     }
-    TLGeometryMatch::Matches(feature->GetGeometry().get(), c.words[3], tolerance, failure);
+    // The geometry as the file holds it, of the layer's own kind: a point saved into a layer
+    // of multipoints is a multipoint there.
+    auto* store = dynamic_cast<TLOgrFeatureStore*>(again->GetDatasource()->GetStore());
+    std::string stored, why;
+    if (!store || !store->StoredWkt(id, stored, why)) {
+        failure = "expected " + c.words[3] + " stored as feature " + c.words[2] + " of " +
+                  c.words[1] + ", got " + why;
+        return true;
+    }
+    TLGeometryMatch::MatchesText(stored, c.words[3], tolerance, failure);
     return true;
 }
 

@@ -32,7 +32,8 @@ namespace TMObjects {
 //                                          after it, a caught failure stops the session
 //   expect pending NAME N                  changes of the layer not yet saved
 //   expect stored NAME N                   features of the layer in its data source, read afresh
-//   expect stored-wkt NAME ID|last "WKT" [TOL]   a feature's geometry there
+//   expect stored-wkt NAME ID|last "WKT" [TOL]   a feature's geometry there, of the kind
+//                                          the file holds (MULTIPOINT in a multipoint layer)
 //   expect save-error NAME "T"             the last save of the layer failed, saying T
 //   expect clip "WKT"|none [TOL]           the polygon the view is masked to, in the map's
 //                                          coordinates, vertex by vertex within TOL (default

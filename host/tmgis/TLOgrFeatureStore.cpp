@@ -80,6 +80,31 @@ long long TLOgrFeatureStore::StoredId(int id) const {
     return it == mStoredIds.end() ? id : it->second;
 }
 
+bool TLOgrFeatureStore::StoredWkt(int id, std::string& wkt, std::string& error) const {
+    TLGdalCall gdal;
+    const std::string path = mPath.toStdString();
+    GDALDatasetUniquePtr dataset(
+        GDALDataset::Open(path.c_str(), GDAL_OF_VECTOR | GDAL_OF_READONLY));
+    OGRLayer* layer = dataset ? dataset->GetLayerByName(mLayerName.toStdString().c_str()) : nullptr;
+    std::unique_ptr<OGRFeature> feature(layer ? layer->GetFeature(StoredId(id)) : nullptr);
+    if (!feature) {
+        error = "no feature " + std::to_string(id) + " in " + path;
+        return false;
+    }
+    const OGRGeometry* geometry = feature->GetGeometryRef();
+    if (!geometry) {
+        wkt.clear();
+        return true;
+    }
+    OGRWktOptions options;
+    options.variant = wkbVariantIso;
+    OGRErr failed = OGRERR_NONE;
+    wkt = geometry->exportToWkt(options, &failed);
+    if (failed != OGRERR_NONE)
+        error = "the geometry of feature " + std::to_string(id) + " has no text";
+    return failed == OGRERR_NONE;
+}
+
 bool TLOgrFeatureStore::Commit(const TLFeatureTable& table,
                                const std::vector<TLFeatureChange>& changes, TLString& error) {
     TLGdalCall gdal;
