@@ -37,6 +37,10 @@ namespace TMObjects {
 //   dialog click-cell OBJECT ROW COLUMN
 //                               clicks a cell of a table, rows and columns from 0
 //   answer ok|yes|no|cancel     the answer to the next modal dialog
+//   answer choose COMBO ITEM    the next modal dialog: ITEM chosen in its combo box COMBO, then
+//                               accepted
+//   answer value TEXT           the next modal dialog (an input dialog): TEXT given, then
+//                               accepted
 //   file PATH                   the file chosen in the next file dialog
 // Each event's result goes to the transcript; `expect result` looks at the main one: the press of
 // a click, the double-click of a dblclick.
@@ -65,6 +69,7 @@ private:
     void handWidget(const std::string& name, const char* what,
                     const std::function<bool(QWidget*, std::string&)>& act);
     bool answer(const TLSessionCommand& c, std::string& error);
+    bool answerWith(const TLSessionCommand& c, std::string& error);
 
     // Tells the transcript what an event entry returned and keeps it when it is the main one.
     bool returned(const char* entry, bool result, bool main = true);
