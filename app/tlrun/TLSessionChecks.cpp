@@ -7,6 +7,7 @@
 #include "hostkit/TLDialogDriver.h"
 #include "tlgeo/TLGeometryWkt.h"
 #include "tmgis/TLOgrFeatureStore.h"
+#include "tmgis/TLPgFeatureStore.h"
 
 namespace TMObjects {
 
@@ -258,13 +259,16 @@ TLFeatureLayer* TLSessionChecks::reread(TLFeatureLayer* layer,
                                         std::unique_ptr<TMWorkspace>& workspace,
                                         std::string& failure) const {
     const std::string name = layer->GetLayerName().toStdString();
-    auto* store = dynamic_cast<TLOgrFeatureStore*>(layer->GetDatasource()->GetStore());
-    if (!store) {
+    TLFeatureStore* store = layer->GetDatasource()->GetStore();
+    // A database is opened again by its connection; a file by its path.
+    auto* database = dynamic_cast<TLPgFeatureStore*>(store);
+    if (!database && !dynamic_cast<TLOgrFeatureStore*>(store)) {
         failure = "expected " + name + " in a data source, got a layer in memory";
         return nullptr;
     }
     TLString why;
-    workspace = TMWorkspace::Open(store->GetPath(), false, why);
+    workspace = TMWorkspace::Open(database ? TLString(database->GetConnection()) : store->GetPath(),
+                                  false, why);
     auto* again =
         workspace ? dynamic_cast<TLFeatureLayer*>(workspace->GetLayer(layer->GetLayerName()).get())
                   : nullptr;
@@ -311,10 +315,14 @@ bool TLSessionChecks::storedWkt(const TLSessionCommand& c, std::string& failure,
         return true;
     }
     // The geometry as the file holds it, of the layer's own kind: a point saved into a layer
-    // of multipoints is a multipoint there.
+    // of multipoints is a multipoint there. A database layer is compared as the host reads it.
     auto* store = dynamic_cast<TLOgrFeatureStore*>(again->GetDatasource()->GetStore());
+    if (!store) {
+        TLGeometryMatch::Matches(feature->GetGeometry().get(), c.words[3], tolerance, failure);
+        return true;
+    }
     std::string stored, why;
-    if (!store || !store->StoredWkt(id, stored, why)) {
+    if (!store->StoredWkt(id, stored, why)) {
         failure = "expected " + c.words[3] + " stored as feature " + c.words[2] + " of " +
                   c.words[1] + ", got " + why;
         return true;
