@@ -1,6 +1,10 @@
 #include "tmgis/TLOgrSchema.h"
 
+#include <gdal_priv.h>
 #include <ogrsf_frmts.h>
+
+#include <cmath>
+#include <string>
 
 namespace TMObjects {
 
@@ -80,7 +84,46 @@ TLLayer::LayerType TLOgrSchema::LayerKind(OGRwkbGeometryType type) {
     }
 }
 
-TLFields TLOgrSchema::Fields(OGRLayer& layer) {
+namespace {
+
+TLVariant fieldValue(const OGRField& value, OGRFieldType type) {
+    if (type == OFTInteger) return TLVariant::FromInt(value.Integer);
+    if (type == OFTInteger64) return TLVariant::FromInt(value.Integer64);
+    if (type == OFTReal) return TLVariant(value.Real);
+    return TLVariant();
+}
+
+// The domain of the field in the dataset, coded values or a range; empty for none (a glob
+// domain has neither codes nor bounds the host can use).
+TLRefPtr<TLDoMain> domainOf(const OGRFieldDefn& field, GDALDataset* dataset) {
+    const OGRFieldDomain* domain = dataset && !field.GetDomainName().empty()
+                                       ? dataset->GetFieldDomain(field.GetDomainName())
+                                       : nullptr;
+    if (!domain) return TLRefPtr<TLDoMain>();
+    TLRefPtr<TLDoMain> made(new TLDoMain);
+    if (auto* coded = dynamic_cast<const OGRCodedFieldDomain*>(domain)) {
+        const bool whole = field.GetType() == OFTInteger || field.GetType() == OFTInteger64;
+        for (const OGRCodedValue* v = coded->GetEnumeration(); v && v->pszCode; ++v) {
+            TLVariant code = TLVariant(TLString(v->pszCode));
+            if (whole) code = TLVariant::FromInt(std::stoll(v->pszCode));
+            made->Add(code, TLString(v->pszValue ? v->pszValue : v->pszCode));
+        }
+        return made;
+    }
+    if (auto* range = dynamic_cast<const OGRRangeFieldDomain*>(domain)) {
+        bool inclusive = false;
+        const TLVariant low = fieldValue(range->GetMin(inclusive), range->GetFieldType());
+        const TLVariant high = fieldValue(range->GetMax(inclusive), range->GetFieldType());
+        made->SetRange(low.IsNull() ? -HUGE_VAL : low.GetDouble(),
+                       high.IsNull() ? HUGE_VAL : high.GetDouble());
+        return made;
+    }
+    return TLRefPtr<TLDoMain>();
+}
+
+}  // namespace
+
+TLFields TLOgrSchema::Fields(OGRLayer& layer, GDALDataset* dataset) {
     TLFields fields;
     const std::string fid = layer.GetFIDColumn();
     if (!fid.empty()) fields.AddField(TLString(fid), TLField::FieldOID);
@@ -91,8 +134,12 @@ TLFields TLOgrSchema::Fields(OGRLayer& layer) {
         const OGRFieldDefn* field = definition->GetFieldDefn(i);
         TLField::FieldType type;
         if (!FieldType(*field, type)) continue;
-        fields.AddField(TLString(field->GetNameRef()), type, field->GetWidth(),
-                        field->GetPrecision());
+        TLRefPtr<TLField> made(new TLField(TLString(field->GetNameRef()), type, field->GetWidth(),
+                                           field->GetPrecision()));
+        if (field->GetAlternativeNameRef() && *field->GetAlternativeNameRef())
+            made->SetAliasName(TLString(field->GetAlternativeNameRef()));
+        made->SetDoMain(domainOf(*field, dataset));
+        fields.AddField(made);
     }
     return fields;
 }

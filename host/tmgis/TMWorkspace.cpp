@@ -9,6 +9,7 @@
 #include "tlmap/TLRasterLayer.h"
 #include "tlsde/TLFeatureTable.h"
 #include "tmgis/TLGdalCall.h"
+#include "tmgis/TLOgrAnnotation.h"
 #include "tmgis/TLOgrFeatureStore.h"
 #include "tmgis/TLOgrSchema.h"
 #include "tmgis/TLOgrValues.h"
@@ -94,7 +95,7 @@ void TMWorkspace::readVectors(GDALDataset& dataset, bool editable) {
             continue;
         }
         TLRefPtr<TLFeatureLayer> featureLayer =
-            readVector(*layer, storePathOf(dataset, *layer), editable);
+            readVector(dataset, *layer, storePathOf(dataset, *layer), editable);
         if (featureLayer) mLayers.push_back(TLRefPtr<TLLayer>(featureLayer.get()));
     }
 }
@@ -107,10 +108,10 @@ TLString TMWorkspace::storePathOf(GDALDataset& dataset, OGRLayer& layer) const {
     return mPath;
 }
 
-TLRefPtr<TLFeatureLayer> TMWorkspace::readVector(OGRLayer& layer, const TLString& storePath,
-                                                 bool editable) {
+TLRefPtr<TLFeatureLayer> TMWorkspace::readVector(GDALDataset& dataset, OGRLayer& layer,
+                                                 const TLString& storePath, bool editable) {
     const TLString name(std::string(layer.GetName()));
-    const TLFields fields = TLOgrSchema::Fields(layer);
+    const TLFields fields = TLOgrSchema::Fields(layer, &dataset);
     TLRefPtr<TLFeatureTable> table(
         new TLFeatureTable(name, fields, std::make_unique<TLOgrFeatureStore>(storePath, name)));
     int lost = 0;
@@ -132,10 +133,22 @@ TLRefPtr<TLFeatureLayer> TMWorkspace::readVector(OGRLayer& layer, const TLString
                                   " geometries the host cannot hold "
                                   "are shown without shape and kept "
                                   "as stored"));
-    TLRefPtr<TLFeatureLayer> featureLayer(new TLFeatureLayer(
-        name, TLOgrSchema::LayerKind(layer.GetGeomType()), table, systemOf(layer.GetSpatialRef())));
+    TLRefPtr<TLFeatureLayer> featureLayer(makeLayer(layer, name, table));
     featureLayer->SetEditable(editable);
     return featureLayer;
+}
+
+// An annotation table becomes an annotation layer with its settings; any other a feature layer of
+// its geometry's kind.
+TLFeatureLayer* TMWorkspace::makeLayer(OGRLayer& layer, const TLString& name,
+                                       TLRefPtr<TLFeatureTable> table) const {
+    int kind = 0, geometry = 0;
+    double scale = 0;
+    if (TLOgrAnnotation::Describe(layer, kind, scale, geometry))
+        return new TLAnnotationLayer(name, table, systemOf(layer.GetSpatialRef()), kind, scale,
+                                     geometry);
+    return new TLFeatureLayer(name, TLOgrSchema::LayerKind(layer.GetGeomType()), table,
+                              systemOf(layer.GetSpatialRef()));
 }
 
 void TMWorkspace::readRasters(GDALDataset& dataset) {
