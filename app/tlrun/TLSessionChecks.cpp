@@ -37,7 +37,7 @@ bool TLSessionChecks::Run(const TLSessionCommand& c, std::string& failure, std::
         return text(c, failure, error);
     if (what == "count") return count(c, failure, error);
     if (what == "wkt" || what == "last") return wkt(c, failure, error);
-    if (what == "attr") return attr(c, failure, error);
+    if (what == "attr" || what == "stored-attr") return attr(c, failure, error);
     if (what == "selected") return selected(c, failure, error);
     if (what == "result") return result(c, failure, error);
     if (what == "failure") return caught(c, failure, error);
@@ -135,18 +135,13 @@ bool TLSessionChecks::wkt(const TLSessionCommand& c, std::string& failure, std::
     return true;
 }
 
-bool TLSessionChecks::attr(const TLSessionCommand& c, std::string& failure, std::string& error) {
-    int id = 0;
-    if (!c.Expect(5, 1000, "expect attr NAME ID FIELD \"VALUE\"", error) ||
-        !c.Integer(2, id, error))
-        return false;
-    if (mSession.Dry()) return true;
-    TLFeatureLayer* found = layer(c.words[1], failure);
-    if (!found) return true;
-    const TLFeature* feature = found->GetDatasource()->PeekFeature(id);
+// The field of a feature of the table, as text, against the script's value.
+static void attrOf(const TLFeatureTable& table, const TLSessionCommand& c, int id,
+                   std::string& failure) {
+    const TLFeature* feature = table.PeekFeature(id);
     if (!feature) {
         failure = "expected a feature " + std::to_string(id) + " in " + c.words[1] + ", got none";
-        return true;
+        return;
     }
     const TLVariant v = feature->GetValue(TLString(c.words[3]));
     const std::string have = v.IsNull() ? "(null)" : v.ToString().toStdString();
@@ -154,6 +149,23 @@ bool TLSessionChecks::attr(const TLSessionCommand& c, std::string& failure, std:
     if (have != want)
         failure = "expected " + c.words[3] + " of " + c.words[1] + " " + std::to_string(id) +
                   " to be " + inQuotes(want) + ", got " + inQuotes(have);
+}
+
+bool TLSessionChecks::attr(const TLSessionCommand& c, std::string& failure, std::string& error) {
+    int id = 0;
+    const bool stored = c.words[0] == "stored-attr";
+    if (!c.Expect(5, 1000,
+                  stored ? "expect stored-attr NAME ID FIELD \"VALUE\""
+                         : "expect attr NAME ID FIELD \"VALUE\"",
+                  error) ||
+        !c.Integer(2, id, error))
+        return false;
+    if (mSession.Dry()) return true;
+    TLFeatureLayer* found = layer(c.words[1], failure);
+    if (!found) return true;
+    std::unique_ptr<TMWorkspace> workspace;
+    TLFeatureLayer* read = stored ? reread(found, workspace, failure) : found;
+    if (read) attrOf(*read->GetDatasource(), c, id, failure);
     return true;
 }
 

@@ -29,6 +29,7 @@ namespace TMObjects {
 //   expect pending NAME N                  changes of the layer not yet saved
 //   expect stored NAME N                   features of the layer in its data source, read afresh
 //   expect stored-wkt NAME ID|last "WKT" [TOL]   a feature's geometry there
+//   expect stored-attr NAME ID FIELD "VALUE"     a field's value there, as text
 //   expect save-error NAME "T"             the last save of the layer failed, saying T
 //   expect clip "WKT"|none [TOL]           the polygon the view is masked to, in the map's
 //                                          coordinates, vertex by vertex within TOL (default
