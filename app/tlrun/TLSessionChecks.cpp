@@ -1,5 +1,8 @@
 #include "TLSessionChecks.h"
 
+#include "tlmap/TLAnnoStyleString.h"
+#include "tlmap/TLAnnotationLayer.h"
+
 #include <algorithm>
 
 #include "TLGeometryMatch.h"
@@ -38,6 +41,7 @@ bool TLSessionChecks::Run(const TLSessionCommand& c, std::string& failure, std::
     if (what == "count") return count(c, failure, error);
     if (what == "wkt" || what == "last") return wkt(c, failure, error);
     if (what == "attr" || what == "stored-attr") return attr(c, failure, error);
+    if (what == "stored-record") return storedRecord(c, failure, error);
     if (what == "selected") return selected(c, failure, error);
     if (what == "result") return result(c, failure, error);
     if (what == "failure") return caught(c, failure, error);
@@ -166,6 +170,42 @@ bool TLSessionChecks::attr(const TLSessionCommand& c, std::string& failure, std:
     std::unique_ptr<TMWorkspace> workspace;
     TLFeatureLayer* read = stored ? reread(found, workspace, failure) : found;
     if (read) attrOf(*read->GetDatasource(), c, id, failure);
+    return true;
+}
+
+// The annotation as the data source holds it, read afresh into an annotation layer, is the one
+// the map holds: same field kind, reference scale and record.
+bool TLSessionChecks::storedRecord(const TLSessionCommand& c, std::string& failure,
+                                   std::string& error) {
+    int id = 0;
+    if (!c.Expect(3, 3, "expect stored-record NAME ID", error) || !c.Integer(2, id, error))
+        return false;
+    if (mSession.Dry()) return true;
+    auto* live = dynamic_cast<TLAnnotationLayer*>(layer(c.words[1], failure));
+    if (!live) {
+        if (failure.empty())
+            failure = "expected an annotation layer " + c.words[1] + ", got another";
+        return true;
+    }
+    std::unique_ptr<TMWorkspace> workspace;
+    auto* again = dynamic_cast<TLAnnotationLayer*>(reread(live, workspace, failure));
+    if (!failure.empty()) return true;
+    TLAnnotation held, stored;
+    if (!again)
+        failure = "expected " + c.words[1] + " to read back as an annotation layer, got another";
+    else if (again->annoFieldKind != live->annoFieldKind ||
+             again->GetReferenceScale() != live->GetReferenceScale() ||
+             again->GetAnnoGeoType() != live->GetAnnoGeoType())
+        failure = "expected the field kind, reference scale and geometry of " + c.words[1] +
+                  " to read back as they are";
+    else if (!live->ReadTextElement(id, held) || !again->ReadTextElement(id, stored))
+        failure = "expected annotation " + std::to_string(id) + " in " + c.words[1] +
+                  " and in its data source";
+    else if (!stored.SameAs(held))
+        failure = "expected annotation " + std::to_string(id) + " of " + c.words[1] +
+                  " to read back the same record, got \"" +
+                  TLAnnoStyleString::Pack(stored).toStdString() + "\" for \"" +
+                  TLAnnoStyleString::Pack(held).toStdString() + "\"";
     return true;
 }
 

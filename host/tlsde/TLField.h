@@ -8,19 +8,9 @@
 
 namespace TMObjects {
 
-// A domain of a field: coded values (codes and their names), or a range of numbers.
+// A coded value domain: codes and their names.
 class TLDoMain : public TLRefBase {
 public:
-    // A range domain has no codes; its bounds are inclusive.
-    void SetRange(double minimum, double maximum) {
-        mRange = true;
-        mMinimum = minimum;
-        mMaximum = maximum;
-    }
-    bool IsRange() const { return mRange; }
-    double GetMinimum() const { return mMinimum; }
-    double GetMaximum() const { return mMaximum; }
-
     int GetCount() const { return int(mCodes.size()); }
     TLVariant GetCode(int i) const { return mCodes[std::size_t(i)]; }
     TLString GetName(int i) const { return mNames[std::size_t(i)]; }
@@ -32,9 +22,6 @@ public:
 private:
     std::vector<TLVariant> mCodes;
     std::vector<TLString> mNames;
-    bool mRange = false;
-    double mMinimum = 0.0;
-    double mMaximum = 0.0;
 };
 
 // One attribute field of a table.
@@ -58,11 +45,7 @@ public:
     TLString GetAliasName() const { return mAlias.isEmpty() ? mName : mAlias; }
     void SetAliasName(const TLString& alias) { mAlias = alias; }
     FieldType GetFieldType() const { return mType; }
-    // The declared width; a string field declared without one (a GeoPackage TEXT) holds text of
-    // any length, and says so with the largest length there is.
-    int GetFieldLength() const {
-        return mType == FieldString && mLength <= 0 ? 2147483647 : mLength;
-    }
+    int GetFieldLength() const { return mLength; }
     int GetPrecision() const { return mPrecision; }
     bool GetEditable() const { return mEditable && !IsSystemField() && !IsGeoField(); }
     void SetEditable(bool editable) { mEditable = editable; }
@@ -70,16 +53,8 @@ public:
     bool IsSystemField() const { return mType == FieldOID || mSystem; }
     void SetSystemField(bool system) { mSystem = system; }
     bool IsGeoField() const { return mType == FieldGeometry; }
-    // The coded value domain the editor lists; a range domain is kept apart, since it names no
-    // values to pick.
     TLDoMain* GetDoMain() const { return mDomain.get(); }
-    void SetDoMain(TLRefPtr<TLDoMain> domain) {
-        if (domain && domain->IsRange())
-            mRangeDomain = domain;
-        else
-            mDomain = domain;
-    }
-    TLDoMain* GetRangeDomain() const { return mRangeDomain.get(); }
+    void SetDoMain(TLRefPtr<TLDoMain> domain) { mDomain = domain; }
 
     // Converts a value to this field's type; a null value stays null.
     TLVariant Coerce(const TLVariant& value) const;
@@ -93,7 +68,6 @@ private:
     bool mEditable = true;
     bool mSystem = false;
     TLRefPtr<TLDoMain> mDomain;
-    TLRefPtr<TLDoMain> mRangeDomain;
 };
 
 class TLFields {

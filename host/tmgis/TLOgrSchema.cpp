@@ -3,7 +3,7 @@
 #include <gdal_priv.h>
 #include <ogrsf_frmts.h>
 
-#include <cmath>
+#include <cstdlib>
 #include <string>
 
 namespace TMObjects {
@@ -86,39 +86,22 @@ TLLayer::LayerType TLOgrSchema::LayerKind(OGRwkbGeometryType type) {
 
 namespace {
 
-TLVariant fieldValue(const OGRField& value, OGRFieldType type) {
-    if (type == OFTInteger) return TLVariant::FromInt(value.Integer);
-    if (type == OFTInteger64) return TLVariant::FromInt(value.Integer64);
-    if (type == OFTReal) return TLVariant(value.Real);
-    return TLVariant();
-}
-
-// The domain of the field in the dataset, coded values or a range; empty for none (a glob
-// domain has neither codes nor bounds the host can use).
+// The coded value domain of the field in the dataset; empty for none. Range and glob domains name
+// no values to pick and are left to the store.
 TLRefPtr<TLDoMain> domainOf(const OGRFieldDefn& field, GDALDataset* dataset) {
     const OGRFieldDomain* domain = dataset && !field.GetDomainName().empty()
                                        ? dataset->GetFieldDomain(field.GetDomainName())
                                        : nullptr;
-    if (!domain) return TLRefPtr<TLDoMain>();
+    auto* coded = dynamic_cast<const OGRCodedFieldDomain*>(domain);
+    if (!coded) return TLRefPtr<TLDoMain>();
     TLRefPtr<TLDoMain> made(new TLDoMain);
-    if (auto* coded = dynamic_cast<const OGRCodedFieldDomain*>(domain)) {
-        const bool whole = field.GetType() == OFTInteger || field.GetType() == OFTInteger64;
-        for (const OGRCodedValue* v = coded->GetEnumeration(); v && v->pszCode; ++v) {
-            TLVariant code = TLVariant(TLString(v->pszCode));
-            if (whole) code = TLVariant::FromInt(std::stoll(v->pszCode));
-            made->Add(code, TLString(v->pszValue ? v->pszValue : v->pszCode));
-        }
-        return made;
+    const bool whole = field.GetType() == OFTInteger || field.GetType() == OFTInteger64;
+    for (const OGRCodedValue* v = coded->GetEnumeration(); v && v->pszCode; ++v) {
+        TLVariant code = TLVariant(TLString(v->pszCode));
+        if (whole) code = TLVariant::FromInt(std::strtoll(v->pszCode, nullptr, 10));
+        made->Add(code, TLString(v->pszValue ? v->pszValue : v->pszCode));
     }
-    if (auto* range = dynamic_cast<const OGRRangeFieldDomain*>(domain)) {
-        bool inclusive = false;
-        const TLVariant low = fieldValue(range->GetMin(inclusive), range->GetFieldType());
-        const TLVariant high = fieldValue(range->GetMax(inclusive), range->GetFieldType());
-        made->SetRange(low.IsNull() ? -HUGE_VAL : low.GetDouble(),
-                       high.IsNull() ? HUGE_VAL : high.GetDouble());
-        return made;
-    }
-    return TLRefPtr<TLDoMain>();
+    return made;
 }
 
 }  // namespace
