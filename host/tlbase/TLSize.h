@@ -2,21 +2,25 @@
 
 namespace TMObjects {
 
-// A width and a height, in whatever unit the giver states (pixels for text boxes).
+// A size in whole cells (columns across, rows down) or whole pixels (a text box).
 class TLSize {
 public:
     TLSize() = default;
-    TLSize(double width, double height) : mWidth(width), mHeight(height) {}
+    TLSize(int width, int height) : mWidth(width), mHeight(height) {}
 
-    double GetWidth() const { return mWidth; }
-    double GetHeight() const { return mHeight; }
-    void SetWidth(double width) { mWidth = width; }
-    void SetHeight(double height) { mHeight = height; }
-    bool IsEmpty() const { return !(mWidth > 0) || !(mHeight > 0); }
+    int GetWidth() const { return mWidth; }
+    int GetHeight() const { return mHeight; }
+    int width() const { return mWidth; }
+    int height() const { return mHeight; }
+    bool IsEmpty() const { return mWidth <= 0 || mHeight <= 0; }
 
 private:
-    double mWidth = 0.0;
-    double mHeight = 0.0;
+    int mWidth = 0;
+    int mHeight = 0;
 };
+
+inline bool operator==(const TLSize& a, const TLSize& b) {
+    return a.GetWidth() == b.GetWidth() && a.GetHeight() == b.GetHeight();
+}
 
 }  // namespace TMObjects

@@ -88,9 +88,10 @@ TLSize TLFont::MeasureRows(const std::vector<TLString>& rows, bool vertical,
         // Rows become columns; each letter takes a row's height plus the spacing down.
         const double width = count * tallestChar + (count - 1) * lineSpace;
         const double height = longest * (rowHeight + mSpacingDown);
-        return TLSize(std::ceil(width), std::ceil(height));
+        return TLSize(int(std::ceil(width)), int(std::ceil(height)));
     }
-    return TLSize(std::ceil(widest), std::ceil(count * rowHeight + (count - 1) * lineSpace));
+    return TLSize(int(std::ceil(widest)),
+                  int(std::ceil(count * rowHeight + (count - 1) * lineSpace)));
 }
 
 TLString TLFont::GetEnglishNameForKnownFont(const TLString& name) {
