@@ -8,14 +8,12 @@
 #include <algorithm>
 #include <cmath>
 
-#include "TLAnnotationPainter.h"
 #include "TLGeometryPainter.h"
 #include "TLLayerPainter.h"
 #include "TLLayerStyle.h"
 #include "TLOverlayPainter.h"
 #include "TLRasterPainter.h"
 #include "hostkit/TLToolDispatcher.h"
-#include "tlmap/TLAnnotationLayer.h"
 #include "tlmap/TLFeatureLayer.h"
 #include "tlmap/TLRasterLayer.h"
 #include "tlmap/TLRubberBand.h"
@@ -295,11 +293,7 @@ void TLMapCanvas::renderMapArea(QPainter& painter, const QRect& device) {
     for (auto it = layers.rbegin(); it != layers.rend(); ++it) {
         TLLayer* layer = it->get();
         if (!layerShown(layer)) continue;
-        if (auto* annotations = dynamic_cast<TLAnnotationLayer*>(layer)) {
-            mLastRender.features +=
-                TLAnnotationPainter(features, geometry, *mView->GetDisplayTransform())
-                    .Draw(painter, annotations, area);
-        } else if (auto* featureLayer = dynamic_cast<TLFeatureLayer*>(layer)) {
+        if (auto* featureLayer = dynamic_cast<TLFeatureLayer*>(layer)) {
             mLastRender.features += features.DrawFeatures(painter, featureLayer, area);
         } else if (auto* raster = dynamic_cast<TLRasterLayer*>(layer)) {
             TLRect extent = raster->GetExtent();
