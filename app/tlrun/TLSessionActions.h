@@ -41,6 +41,10 @@ namespace TMObjects {
 //   answer click OBJECT         a button of the modal dialog is clicked (its own OK, say)
 //   answer expect OBJECT "T"    what a widget of the modal dialog shows; the session fails when
 //                               it shows something else
+//   answer choose COMBO ITEM    the next modal dialog: ITEM chosen in its combo box COMBO, then
+//                               accepted
+//   answer value TEXT           the next modal dialog (an input dialog): TEXT given, then
+//                               accepted
 //   file PATH                   the file chosen in the next file dialog
 // Each event's result goes to the transcript; `expect result` looks at the main one: the press of
 // a click, the double-click of a dblclick.
@@ -67,6 +71,7 @@ private:
     bool modalStep(const TLSessionCommand& c, std::string& error);
     bool itemView(const TLSessionCommand& c, std::string& error);
     bool param(const TLSessionCommand& c, std::string& error);
+    bool answerWith(const TLSessionCommand& c, std::string& error);
 
     // Tells the transcript what an event entry returned and keeps it when it is the main one.
     bool returned(const char* entry, bool result, bool main = true);
