@@ -235,8 +235,9 @@ std::string doStep(QWidget* dialog, const std::vector<std::string>& words) {
 
 // A step at the head of the queue is done on the dialog, which stays up for the next entry.
 bool TLModalAnswerer::Impl::stepNext(QWidget* dialog) {
-    if (queue.empty() || queue.front().empty() || queue.front()[0] != kStepMark) return false;
-    const std::vector<std::string> words = stepWords(queue.front());
+    if (queue.empty() || queue.front().answer.empty() || queue.front().answer[0] != kStepMark)
+        return false;
+    const std::vector<std::string> words = stepWords(queue.front().answer);
     queue.pop_front();
     const std::string problem = words.size() == 3 ? doStep(dialog, words) : "a malformed step";
     if (!problem.empty() && stepListener) stepListener(problem);
@@ -352,8 +353,8 @@ void TLModalAnswerer::SetListener(Listener listener) {
 
 void TLModalAnswerer::QueueStep(const std::string& verb, const std::string& object,
                                 const std::string& value) {
-    mImpl->queue.push_back(std::string(1, kStepMark) + verb + kStepMark + object + kStepMark +
-                           value);
+    mImpl->queue.push_back(
+        {std::string(1, kStepMark) + verb + kStepMark + object + kStepMark + value, std::string()});
 }
 
 void TLModalAnswerer::SetStepListener(StepListener listener) {
