@@ -40,6 +40,7 @@ bool TLSession::Start(const std::string& pluginPath, std::string& error) {
             SetTrouble("expected a button that fits the answer given, got none in \"" +
                        record.title + "\"");
     });
+    mAnswerer.SetStepListener([this](const std::string& problem) { SetTrouble(problem); });
     mAnswerer.Start();
     // Snapping starts off, as in a fresh desktop session; a script switches it on.
     TLSnapEnvironment::Instance()->setEnabled(false);

@@ -34,6 +34,10 @@ namespace TMObjects {
 //   expect stored NAME N                   features of the layer in its data source, read afresh
 //   expect stored-wkt NAME ID|last "WKT" [TOL]   a feature's geometry there, of the kind
 //                                          the file holds (MULTIPOINT in a multipoint layer)
+//   expect stored-attr NAME ID FIELD "VALUE"     a field's value there, as text
+//   expect stored-record NAME ID           the annotation read back from there is the one held:
+//                                          the layer's field kind, reference scale and geometry
+//                                          kind, and the whole record
 //   expect save-error NAME "T"             the last save of the layer failed, saying T
 //   expect clip "WKT"|none [TOL]           the polygon the view is masked to, in the map's
 //                                          coordinates, vertex by vertex within TOL (default
@@ -51,6 +55,7 @@ private:
     bool count(const TLSessionCommand& c, std::string& failure, std::string& error);
     bool wkt(const TLSessionCommand& c, std::string& failure, std::string& error);
     bool attr(const TLSessionCommand& c, std::string& failure, std::string& error);
+    bool storedRecord(const TLSessionCommand& c, std::string& failure, std::string& error);
     bool selected(const TLSessionCommand& c, std::string& failure, std::string& error);
     bool result(const TLSessionCommand& c, std::string& failure, std::string& error);
     bool caught(const TLSessionCommand& c, std::string& failure, std::string& error);

@@ -11,6 +11,7 @@
 #include "tmgis/TLGdalCall.h"
 #include "tmgis/TLGdalRasterDataset.h"
 #include "tmgis/TLGdalReference.h"
+#include "tmgis/TLOgrAnnotation.h"
 #include "tmgis/TLOgrFeatureStore.h"
 #include "tmgis/TLOgrSchema.h"
 #include "tmgis/TLOgrValues.h"
@@ -88,7 +89,7 @@ void TMWorkspace::readVectors(GDALDataset& dataset, bool editable) {
             continue;
         }
         TLRefPtr<TLFeatureLayer> featureLayer =
-            readVector(*layer, storePathOf(dataset, *layer), editable);
+            readVector(dataset, *layer, storePathOf(dataset, *layer), editable);
         if (!featureLayer) continue;
         const long long highest = highestIdEver(dataset, *layer);
         if (highest > 0 && highest < INT_MAX)
@@ -121,10 +122,10 @@ TLString TMWorkspace::storePathOf(GDALDataset& dataset, OGRLayer& layer) const {
     return mPath;
 }
 
-TLRefPtr<TLFeatureLayer> TMWorkspace::readVector(OGRLayer& layer, const TLString& storePath,
-                                                 bool editable) {
+TLRefPtr<TLFeatureLayer> TMWorkspace::readVector(GDALDataset& dataset, OGRLayer& layer,
+                                                 const TLString& storePath, bool editable) {
     const TLString name(std::string(layer.GetName()));
-    const TLFields fields = TLOgrSchema::Fields(layer);
+    const TLFields fields = TLOgrSchema::Fields(layer, &dataset);
     TLRefPtr<TLFeatureTable> table(
         new TLFeatureTable(name, fields, std::make_unique<TLOgrFeatureStore>(storePath, name)));
     int lost = 0;
@@ -146,11 +147,22 @@ TLRefPtr<TLFeatureLayer> TMWorkspace::readVector(OGRLayer& layer, const TLString
                                   " geometries the host cannot hold "
                                   "are shown without shape and kept "
                                   "as stored"));
-    TLRefPtr<TLFeatureLayer> featureLayer(
-        new TLFeatureLayer(name, TLOgrSchema::LayerKind(layer.GetGeomType()), table,
-                           TLSystemOfGdalReference(layer.GetSpatialRef())));
+    TLRefPtr<TLFeatureLayer> featureLayer(makeLayer(layer, name, table));
     featureLayer->SetEditable(editable);
     return featureLayer;
+}
+
+// An annotation table becomes an annotation layer with its settings; any other a feature layer of
+// its geometry's kind.
+TLFeatureLayer* TMWorkspace::makeLayer(OGRLayer& layer, const TLString& name,
+                                       TLRefPtr<TLFeatureTable> table) const {
+    int kind = 0, geometry = 0;
+    double scale = 0;
+    if (TLOgrAnnotation::Describe(layer, kind, scale, geometry))
+        return new TLAnnotationLayer(name, table, TLSystemOfGdalReference(layer.GetSpatialRef()),
+                                     kind, scale, geometry);
+    return new TLFeatureLayer(name, TLOgrSchema::LayerKind(layer.GetGeomType()), table,
+                              TLSystemOfGdalReference(layer.GetSpatialRef()));
 }
 
 void TMWorkspace::readRasters(GDALDataset& dataset) {
