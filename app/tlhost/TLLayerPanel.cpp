@@ -151,8 +151,11 @@ void TLLayerPanel::SetLayerEditable(TLLayer* layer, bool editable) {
 }
 
 std::vector<TLRefPtr<TLLayer>> TLLayerPanel::LayersTopFirst() const {
-    // The map draws its list from the end, so its first layer lies on top.
-    return mMap ? mMap->GetLayers(true) : std::vector<TLRefPtr<TLLayer>>();
+    // The map's last layer is drawn on top, so the top row shows the end of its list.
+    std::vector<TLRefPtr<TLLayer>> layers =
+        mMap ? mMap->GetLayers(true) : std::vector<TLRefPtr<TLLayer>>();
+    std::reverse(layers.begin(), layers.end());
+    return layers;
 }
 
 void TLLayerPanel::MoveLayerToRow(TLLayer* layer, int row) {
@@ -163,8 +166,9 @@ void TLLayerPanel::MoveLayerToRow(TLLayer* layer, int row) {
     TLRefPtr<TLLayer> current = mMap->GetCurrentLayer();
     TLLayer* editing = mMap->editor()->edit_layer();
     mMap->RemoveLayer(layer);
-    // Rows run top first, as the map's list does.
-    const int position = std::clamp(row, 0, mMap->GetLayerCount());
+    // Rows run top first, the map's list bottom first.
+    const int remaining = mMap->GetLayerCount();
+    const int position = remaining - std::clamp(row, 0, remaining);
     mMap->InsertLayer(position, layer, true);
     if (editing) mMap->editor()->set_edit_layer(editing);
     mMap->SetCurrentLayer(current.get());

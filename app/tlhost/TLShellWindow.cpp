@@ -32,6 +32,7 @@
 #include "TLSnapSettings.h"
 #include "TLSnapToolBar.h"
 #include "TLToolPalette.h"
+#include "hostkit/TLGuardedApplication.h"
 #include "hostkit/TLHostBuddy.h"
 #include "hostkit/TLToolDispatcher.h"
 #include "tlmap/TLFeatureLayer.h"
@@ -87,6 +88,7 @@ TLShellWindow::TLShellWindow(QWidget* parent)
 }
 
 TLShellWindow::~TLShellWindow() {
+    TLGuardedApplication::SetFailureHandler(nullptr);
     // The reporter listens to the map's editor, which goes with the document before the
     // window's children are deleted.
     delete mReporter;
@@ -201,6 +203,8 @@ void TLShellWindow::connectHost() {
                 .arg(QString::fromStdString(entry), QString::fromStdString(what)));
         mCanvas->RefreshAll();
     });
+    TLGuardedApplication::SetFailureHandler(
+        [this](const std::string& what) { mDispatcher->ReportFailure("a dialog", what); });
     bindMapSignals(true);
     connect(mCommands, &TLCommandWindow::lineEntered, this, &TLShellWindow::lineEntered);
     connect(mCanvas, &TLMapCanvas::textTyped, mCommands, &TLCommandWindow::Type);

@@ -8,6 +8,7 @@
 #include <iostream>
 
 #include "ShellFixture.h"
+#include "hostkit/TLGuardedApplication.h"
 #include "hostkit/TLPluginLoader.h"
 
 using namespace TMObjects;
@@ -15,7 +16,8 @@ using namespace TMObjects;
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM",
             qgetenv("QT_QPA_PLATFORM").isEmpty() ? "offscreen" : qgetenv("QT_QPA_PLATFORM"));
-    QApplication app(argc, argv);
+    // The application the desktop runs: a dialog's failing slot is reported, not fatal.
+    TLGuardedApplication app(argc, argv);
     // The shell keeps its settings (snapping) in the user's; the tests keep theirs apart, and
     // each test starts from the defaults a new user finds (see ShellFixture).
     QTemporaryDir settings;
