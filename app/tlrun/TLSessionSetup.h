@@ -11,7 +11,9 @@ namespace TMObjects {
 // host's settings. None of them is an event a tool sees.
 //
 //   demo-data PATH                 writes a fresh demo GeoPackage at PATH
-//   open PATH                      opens a data source for editing; its layers go on the map
+//   open PATH                      opens a data source for editing; its layers go on the map.
+//                                  A PostGIS database is named by its connection, in quotes:
+//                                  open "PG:host=/tmp/pg dbname=gis user=ann"
 //   dem PATH SHAPE COLUMNS ROWS CELL [type=T] [nodata=V] [hole=COL,ROW]...
 //                                  writes an elevation GeoTIFF (see TLDemRaster.h: plane:A:B,
 //                                  cone:H:R, flat:Z; lower-left corner (500000, 5000000) in
