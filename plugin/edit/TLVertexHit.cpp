@@ -2,10 +2,10 @@
 
 #include <cmath>
 
+#include "data/CcurrencyFunc.h"
 #include "tlgeo/TLGeoPoint.h"
 #include "tlgeo/TLGeoPolygon.h"
 #include "tlgeo/TLGeoPolyline.h"
-#include "tlmap/CcurrencyFunc.h"
 
 namespace TMObjects {
 

@@ -1,4 +1,4 @@
-#include "tlmap/CcurrencyFunc.h"
+#include "data/CcurrencyFunc.h"
 
 #include <cmath>
 
