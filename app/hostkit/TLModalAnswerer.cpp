@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QComboBox>
 #include <QDialog>
 #include <QFileDialog>
 #include <QInputDialog>
@@ -154,11 +155,35 @@ Action answerDialog(QDialog* dialog, const std::string* answer, TLModalAnswerer:
     return [dialog] { dialog->reject(); };
 }
 
+// A queued choice: the entry of the named combo box is chosen, then the dialog is accepted as its
+// Ok would. An entry or a combo box that is not there rejects the dialog, marked as unmatched.
+Action answerChoice(QDialog* dialog, const std::string& combo, const std::string& item,
+                    TLModalAnswerer::Record& record) {
+    record.kind = "dialog";
+    auto* box = dialog->findChild<QComboBox*>(QString::fromStdString(combo));
+    const int index = box ? box->findText(QString::fromStdString(item), Qt::MatchExactly) : -1;
+    if (index < 0) {
+        record.matched = false;
+        record.answer = "rejected";
+        return [dialog] { dialog->reject(); };
+    }
+    record.answer = "chose \"" + item + "\" in " + combo + ", accepted";
+    return [dialog, box, index] {
+        box->setCurrentIndex(index);
+        dialog->accept();
+    };
+}
+
 }  // namespace
 
 struct TLModalAnswerer::Impl {
     QTimer timer;
-    std::deque<std::string> queue;
+    // A queued answer; with a combo box named, `answer` is the entry to choose in it.
+    struct Queued {
+        std::string answer;
+        std::string combo;
+    };
+    std::deque<Queued> queue;
     std::vector<Record> records;
     Listener listener;
     QPointer<QWidget> last;
@@ -214,14 +239,17 @@ void TLModalAnswerer::Impl::answerNow(QPointer<QWidget> widget) {
 }
 
 Action TLModalAnswerer::Impl::answer(QWidget* widget, Record& record) {
-    std::string next;
+    Queued next;
     const std::string* queued = nullptr;
     if (!queue.empty()) {
         next = queue.front();
         queue.pop_front();
-        queued = &next;
+        queued = &next.answer;
     }
     record.queued = queued != nullptr;
+    auto* chosen = qobject_cast<QDialog*>(widget);
+    if (queued && !next.combo.empty() && chosen)
+        return answerChoice(chosen, next.combo, next.answer, record);
     if (auto* box = qobject_cast<QMessageBox*>(widget))
         return answerMessageBox(box, queued, record);
     if (auto* files = qobject_cast<QFileDialog*>(widget))
@@ -242,7 +270,11 @@ TLModalAnswerer::TLModalAnswerer() : mImpl(std::make_unique<Impl>()) {
 TLModalAnswerer::~TLModalAnswerer() = default;
 
 void TLModalAnswerer::Queue(const std::string& answer) {
-    mImpl->queue.push_back(answer);
+    mImpl->queue.push_back({answer, std::string()});
+}
+
+void TLModalAnswerer::QueueChoice(const std::string& combo, const std::string& item) {
+    mImpl->queue.push_back({item, combo});
 }
 
 int TLModalAnswerer::Pending() const {

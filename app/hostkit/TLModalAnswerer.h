@@ -33,6 +33,9 @@ public:
     // "Save"), "accept" or "reject" for any dialog, a file path for a file dialog, the value for
     // an input dialog. A dialog met with nothing queued is dismissed as Escape would.
     void Queue(const std::string& answer);
+    // The next answer chooses `item` (its exact text) in the combo box named `combo` of a
+    // dialog, then accepts the dialog.
+    void QueueChoice(const std::string& combo, const std::string& item);
     int Pending() const;
     void ClearQueue();
 

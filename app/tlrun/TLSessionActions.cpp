@@ -243,10 +243,24 @@ bool TLSessionActions::answer(const TLSessionCommand& c, std::string& error) {
         if (!mSession.Dry()) mSession.Answerer().Queue(mSession.Resolve(c.words[0]).string());
         return true;
     }
+    if (!c.words.empty() && (c.words[0] == "choose" || c.words[0] == "value"))
+        return answerWith(c, error);
     const char* usage = "answer ok|yes|no|cancel";
     if (!c.Expect(1, 1, usage, error) || !c.Choice(0, "ok|yes|no|cancel", usage, error))
         return false;
     if (!mSession.Dry()) mSession.Answerer().Queue(c.words[0]);
+    return true;
+}
+
+bool TLSessionActions::answerWith(const TLSessionCommand& c, std::string& error) {
+    const bool choosing = c.words[0] == "choose";
+    const char* usage = choosing ? "answer choose COMBO ITEM" : "answer value TEXT";
+    if (!c.Expect(choosing ? 3 : 2, choosing ? 3 : 2, usage, error)) return false;
+    if (mSession.Dry()) return true;
+    if (choosing)
+        mSession.Answerer().QueueChoice(c.words[1], c.words[2]);
+    else
+        mSession.Answerer().Queue(c.words[1]);
     return true;
 }
 

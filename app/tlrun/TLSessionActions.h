@@ -29,6 +29,10 @@ namespace TMObjects {
 //   dialog set OBJECT VALUE     types or picks a value in a widget of a dialog on screen
 //   dialog click OBJECT         clicks a button of a dialog on screen
 //   answer ok|yes|no|cancel     the answer to the next modal dialog
+//   answer choose COMBO ITEM    the next modal dialog: ITEM chosen in its combo box COMBO, then
+//                               accepted
+//   answer value TEXT           the next modal dialog (an input dialog): TEXT given, then
+//                               accepted
 //   file PATH                   the file chosen in the next file dialog
 // Each event's result goes to the transcript; `expect result` looks at the main one: the press of
 // a click, the double-click of a dblclick.
@@ -52,6 +56,7 @@ private:
     bool set(const TLSessionCommand& c, std::string& error);
     bool dialog(const TLSessionCommand& c, std::string& error);
     bool answer(const TLSessionCommand& c, std::string& error);
+    bool answerWith(const TLSessionCommand& c, std::string& error);
 
     // Tells the transcript what an event entry returned and keeps it when it is the main one.
     bool returned(const char* entry, bool result, bool main = true);
