@@ -121,8 +121,5 @@ TEST(DataNotBuilt, DeclaredOperationsThrowUntilBuilt) {
     EXPECT_THROW(manager.twoBoolOperate(0, 1, 13, 0, 111), std::logic_error);
     EXPECT_THROW(manager.currDataTopoOperate(2, 0, 1, 1, 111, 0), std::logic_error);
     EXPECT_THROW(manager.package_BindingEntity(0, 1), std::logic_error);
-    double x = 0, y = 0, d = 0;
-    EXPECT_THROW(manager.entity_GetMinDistance(0, 0, 0, 0, x, y, d), std::logic_error);
-    EXPECT_THROW(manager.handMovementMeetEdge(0, 1, 2, 0, 0, 0, 0, 1, 1), std::logic_error);
     EXPECT_THROW(CparameterSet::commonDot(10), std::logic_error);
 }
