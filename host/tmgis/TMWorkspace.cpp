@@ -9,6 +9,8 @@
 #include "tlmap/TLRasterLayer.h"
 #include "tlsde/TLFeatureTable.h"
 #include "tmgis/TLGdalCall.h"
+#include "tmgis/TLGdalRasterDataset.h"
+#include "tmgis/TLGdalReference.h"
 #include "tmgis/TLOgrFeatureStore.h"
 #include "tmgis/TLOgrSchema.h"
 #include "tmgis/TLOgrValues.h"
@@ -18,29 +20,6 @@ namespace TMObjects {
 namespace fs = std::filesystem;
 
 namespace {
-
-// The authority's code where there is one, since it names the system exactly; the WKT
-// otherwise.
-TLRefPtr<TLCoordinateSystem> systemOf(const OGRSpatialReference* reference) {
-    if (!reference) return TLRefPtr<TLCoordinateSystem>();
-    const char* authority = reference->GetAuthorityName(nullptr);
-    const char* code = reference->GetAuthorityCode(nullptr);
-    if (authority && code) {
-        TLRefPtr<TLCoordinateSystem> system = TLSpatialObjectFactory::LoadCoordinateSystem(
-            TLString(std::string(authority) + ":" + code));
-        if (system) return system;
-    }
-    char* wkt = nullptr;
-    const char* const options[] = {"FORMAT=WKT2_2019", nullptr};
-    if (reference->exportToWkt(&wkt, options) != OGRERR_NONE || !wkt) {
-        CPLFree(wkt);
-        return TLRefPtr<TLCoordinateSystem>();
-    }
-    TLRefPtr<TLCoordinateSystem> system =
-        TLSpatialObjectFactory::LoadCoordinateSystem(TLString(std::string(wkt)));
-    CPLFree(wkt);
-    return system;
-}
 
 // "GPKG:/data/demo.gpkg:dem" names the table after the last colon.
 TLString subdatasetName(const std::string& name, const std::string& description) {
@@ -132,8 +111,9 @@ TLRefPtr<TLFeatureLayer> TMWorkspace::readVector(OGRLayer& layer, const TLString
                                   " geometries the host cannot hold "
                                   "are shown without shape and kept "
                                   "as stored"));
-    TLRefPtr<TLFeatureLayer> featureLayer(new TLFeatureLayer(
-        name, TLOgrSchema::LayerKind(layer.GetGeomType()), table, systemOf(layer.GetSpatialRef())));
+    TLRefPtr<TLFeatureLayer> featureLayer(
+        new TLFeatureLayer(name, TLOgrSchema::LayerKind(layer.GetGeomType()), table,
+                           TLSystemOfGdalReference(layer.GetSpatialRef())));
     featureLayer->SetEditable(editable);
     return featureLayer;
 }
@@ -167,14 +147,15 @@ void TMWorkspace::addRaster(GDALDataset& dataset, const TLString& name, const TL
     if (dataset.GetGeoTransform(transform.data()) != CE_None)
         mNotes.push_back(TLString("raster ") + name +
                          TLString(" has no georeference; shown in cell coordinates"));
-    TLRefPtr<TLRasterLayer> layer(
-        new TLRasterLayer(name, source, dataset.GetRasterXSize(), dataset.GetRasterYSize(),
-                          dataset.GetRasterCount(), transform, systemOf(dataset.GetSpatialRef())));
+    TLRefPtr<TLRasterLayer> layer(new TLRasterLayer(
+        name, source, dataset.GetRasterXSize(), dataset.GetRasterYSize(), dataset.GetRasterCount(),
+        transform, TLSystemOfGdalReference(dataset.GetSpatialRef())));
     for (int band = 1; band <= dataset.GetRasterCount(); ++band) {
         int has = 0;
         const double value = dataset.GetRasterBand(band)->GetNoDataValue(&has);
         if (has) layer->SetNoData(band, value);
     }
+    layer->SetRasterDataset(new TLGdalRasterDataset(source, name));
     mLayers.push_back(TLRefPtr<TLLayer>(layer.get()));
 }
 

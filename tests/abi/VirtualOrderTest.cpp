@@ -11,6 +11,11 @@
 #include <vector>
 
 #include "TLPluginActionEX.h"
+#include "tlmap/TLBlock.h"
+#include "tlmap/TLImageClassRenderInfo.h"
+#include "tlmap/TLImageStretchRenderInfo.h"
+#include "tlmap/TLRasterBand.h"
+#include "tlmap/TLRasterProps.h"
 #include "tlmap/TLTool.h"
 #include "tlmap/TLToolBuddy.h"
 
@@ -109,6 +114,38 @@ TEST(VirtualOrder, PluginVirtualsAreDestructorInitPluginUnloadPluginIsDll) {
     ExpectConsecutiveFromSlot2(slots);
     // The plugin class adds no data member: the host may size it as its base.
     EXPECT_EQ(sizeof(TLPluginActionEX), sizeof(TLPlugin));
+}
+
+TEST(VirtualOrder, RasterOperationsFollowTheDestructorInTheirFixedOrder) {
+    const Slots slots = {
+        {"GetWidth", SlotOf(&TLRasterProps::GetWidth)},
+        {"GetHeight", SlotOf(&TLRasterProps::GetHeight)},
+        {"cellWidth", SlotOf(&TLRasterProps::cellWidth)},
+        {"cellHeight", SlotOf(&TLRasterProps::cellHeight)},
+        {"GetSpatialReference", SlotOf(&TLRasterProps::GetSpatialReference)},
+        {"dataType", SlotOf(&TLRasterProps::dataType)},
+        {"GetBound", SlotOf(&TLRasterProps::GetBound)},
+        {"newBlock", SlotOf(&TLRasterProps::newBlock)},
+        {"readBlock", SlotOf(&TLRasterProps::readBlock)},
+        {"GetBandCount", SlotOf(&TLRasterProps::GetBandCount)},
+        {"GetBand", SlotOf(&TLRasterProps::GetBand)},
+        {"noDataValue", SlotOf(&TLRasterProps::noDataValue)},
+    };
+    ExpectConsecutiveFromSlot2(slots);
+}
+
+TEST(VirtualOrder, BlockIsDestructorThenDataThenValue) {
+    // The deleting destructor is slot 1: code that deletes a block it was handed calls it there.
+    ExpectConsecutiveFromSlot2(
+        {{"data", SlotOf(&TLBlock::data)}, {"value", SlotOf(&TLBlock::value)}});
+}
+
+TEST(VirtualOrder, BandAndRenderInfoOperations) {
+    ExpectConsecutiveFromSlot2({{"GetStatistics", SlotOf(&TLRasterBand::GetStatistics)},
+                                {"GetBandIndex", SlotOf(&TLRasterBand::GetBandIndex)}});
+    ExpectConsecutiveFromSlot2({{"GetColorCount", SlotOf(&TLImageStretchRenderInfo::GetColorCount)},
+                                {"GetColor", SlotOf(&TLImageStretchRenderInfo::GetColor)}});
+    ExpectConsecutiveFromSlot2({{"GetClassCount", SlotOf(&TLImageClassRenderInfo::GetClassCount)}});
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QComboBox>
 #include <QDialog>
 #include <QFileDialog>
 #include <QHBoxLayout>
@@ -74,6 +75,24 @@ TEST_F(ModalAnswerer, FileAndInputDialogsTakeTheQueuedValue) {
     EXPECT_EQ(answerer.Records()[1].kind, "input dialog");
     EXPECT_EQ(answerer.Records()[1].text, "Name:");
     EXPECT_EQ(answerer.Records()[2].answer, "rejected");
+}
+
+// A choice picks the entry of the named combo box by its exact text and accepts; an entry the
+// combo does not hold rejects the dialog and is marked as not fitting.
+TEST_F(ModalAnswerer, AChoiceSetsTheComboBoxBeforeAccepting) {
+    QDialog dialog;
+    auto* combo = new QComboBox(&dialog);
+    combo->setObjectName("layerComboBox");
+    combo->addItems({"roads", "tracks", "rivers"});
+    answerer.QueueChoice("layerComboBox", "tracks");
+    EXPECT_EQ(dialog.exec(), QDialog::Accepted);
+    EXPECT_EQ(combo->currentText(), "tracks");
+    EXPECT_EQ(answerer.Records().back().answer, "chose \"tracks\" in layerComboBox, accepted");
+
+    answerer.QueueChoice("layerComboBox", "Tracks");
+    EXPECT_EQ(dialog.exec(), QDialog::Rejected);
+    EXPECT_FALSE(answerer.Records().back().matched);
+    EXPECT_EQ(combo->currentText(), "tracks");
 }
 
 TEST_F(ModalAnswerer, AMissingFileToOpenLeavesTheDialogUpUntilTheNextAnswer) {

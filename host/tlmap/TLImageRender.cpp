@@ -1,0 +1,7 @@
+#include "tlmap/TLImageRender.h"
+
+namespace TMObjects {
+
+TLImageRender::~TLImageRender() = default;
+
+}  // namespace TMObjects

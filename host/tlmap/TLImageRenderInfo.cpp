@@ -1,0 +1,7 @@
+#include "tlmap/TLImageRenderInfo.h"
+
+namespace TMObjects {
+
+TLImageRenderInfo::~TLImageRenderInfo() = default;
+
+}  // namespace TMObjects

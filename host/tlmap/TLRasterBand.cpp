@@ -1,0 +1,7 @@
+#include "tlmap/TLRasterBand.h"
+
+namespace TMObjects {
+
+TLRasterBand::~TLRasterBand() = default;
+
+}  // namespace TMObjects

@@ -1,0 +1,7 @@
+#include "tlmap/TLRasterDataset.h"
+
+namespace TMObjects {
+
+TLRasterDataset::~TLRasterDataset() = default;
+
+}  // namespace TMObjects

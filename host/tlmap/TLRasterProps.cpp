@@ -1,0 +1,7 @@
+#include "tlmap/TLRasterProps.h"
+
+namespace TMObjects {
+
+TLRasterProps::~TLRasterProps() = default;
+
+}  // namespace TMObjects

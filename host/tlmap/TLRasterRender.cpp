@@ -1,0 +1,7 @@
+#include "tlmap/TLRasterRender.h"
+
+namespace TMObjects {
+
+TLRasterRender::~TLRasterRender() = default;
+
+}  // namespace TMObjects
