@@ -15,6 +15,7 @@
 #include "TLCommandWindow.h"
 #include "TLLayerPanel.h"
 #include "TLMapCanvas.h"
+#include "TLPgOpenDialog.h"
 #include "TLShellDocument.h"
 #include "TLShellText.h"
 #include "TLShellToolTable.h"
@@ -22,6 +23,7 @@
 #include "hostkit/TLHostBuddy.h"
 #include "hostkit/TLToolDispatcher.h"
 #include "tlmap/TLMapView.h"
+#include "tmgis/TLPgConnection.h"
 
 namespace TMObjects {
 
@@ -100,6 +102,11 @@ void TLShellWindow::buildDocks() {
 void TLShellWindow::buildMenus() {
     QMenu* file = menuBar()->addMenu(tr("&File"));
     file->addAction(tr("&Open Data..."), this, &TLShellWindow::openDialog, QKeySequence::Open);
+    // A database's tables open as a data source named by its connection.
+    file->addAction(tr("Open &PostGIS Layers..."), this, [this] {
+        TLPgOpenDialog dialog(this);
+        if (dialog.exec() == QDialog::Accepted) OpenData(ToQString(dialog.Connection()));
+    });
     mSave = file->addAction(tr("&Save Edits"), this, &TLShellWindow::SaveEdits, QKeySequence::Save);
     file->addSeparator();
     file->addAction(tr("&Quit"), this, &QWidget::close, QKeySequence::Quit);
@@ -278,7 +285,12 @@ bool TLShellWindow::OpenData(const QString& path) {
     mLayers->Reload();
     if (first) mCanvas->ZoomToFullExtent();
     mCanvas->RefreshAll();
-    setWindowTitle(QStringLiteral("tlhost - %1[*]").arg(QFileInfo(path).fileName()));
+    // A database is named by its connection, shown without its password.
+    const QString name =
+        TLPgConnection::Names(ToTLString(path))
+            ? QString::fromStdString(TLPgConnection::Redacted(ToTLString(path).toStdString()))
+            : QFileInfo(path).fileName();
+    setWindowTitle(QStringLiteral("tlhost - %1[*]").arg(name));
     if (!hadEditLayer && mDocument->Map()->editor()->edit_layer()) editLayerChanged();
     return true;
 }

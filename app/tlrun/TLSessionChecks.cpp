@@ -6,6 +6,7 @@
 #include "hostkit/TLDialogDriver.h"
 #include "tlgeo/TLGeometryWkt.h"
 #include "tmgis/TLOgrFeatureStore.h"
+#include "tmgis/TLPgFeatureStore.h"
 
 namespace TMObjects {
 
@@ -255,13 +256,16 @@ TLFeatureLayer* TLSessionChecks::reread(TLFeatureLayer* layer,
                                         std::unique_ptr<TMWorkspace>& workspace,
                                         std::string& failure) const {
     const std::string name = layer->GetLayerName().toStdString();
-    auto* store = dynamic_cast<TLOgrFeatureStore*>(layer->GetDatasource()->GetStore());
-    if (!store) {
+    TLFeatureStore* store = layer->GetDatasource()->GetStore();
+    // A database is opened again by its connection; a file by its path.
+    auto* database = dynamic_cast<TLPgFeatureStore*>(store);
+    if (!database && !dynamic_cast<TLOgrFeatureStore*>(store)) {
         failure = "expected " + name + " in a data source, got a layer in memory";
         return nullptr;
     }
     TLString why;
-    workspace = TMWorkspace::Open(store->GetPath(), false, why);
+    workspace = TMWorkspace::Open(database ? TLString(database->GetConnection()) : store->GetPath(),
+                                  false, why);
     auto* again =
         workspace ? dynamic_cast<TLFeatureLayer*>(workspace->GetLayer(layer->GetLayerName()).get())
                   : nullptr;

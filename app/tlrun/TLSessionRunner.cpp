@@ -7,6 +7,7 @@
 #include "TLSessionActions.h"
 #include "TLSessionChecks.h"
 #include "TLSessionSetup.h"
+#include "TLSessionStoreActions.h"
 #include "TLTranscript.h"
 
 namespace TMObjects {
@@ -27,6 +28,8 @@ bool TLSessionRunner::runCommand(TLSession& session, const TLSessionCommand& com
         if (TLSessionSetup::Knows(command.verb)) return TLSessionSetup(session).Run(command, error);
         if (TLSessionActions::Knows(command.verb))
             return TLSessionActions(session).Run(command, error);
+        if (TLSessionStoreActions::Knows(command.verb))
+            return TLSessionStoreActions(session).Run(command, error);
         error = "unknown verb \"" + command.verb + "\"";
     } catch (const std::exception& e) {
         error = std::string("the command failed: ") + e.what();

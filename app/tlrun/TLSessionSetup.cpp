@@ -9,6 +9,7 @@
 #include "tlgeo/TLGeometryWkt.h"
 #include "tlmap/TLRasterLayer.h"
 #include "tlmap/TLSnapTool.h"
+#include "tmgis/TLPgConnection.h"
 
 namespace TMObjects {
 
@@ -210,7 +211,10 @@ bool TLSessionSetup::demoData(const TLSessionCommand& c, std::string& error) {
 
 bool TLSessionSetup::open(const TLSessionCommand& c, std::string& error) {
     if (!c.Expect(1, 1, "open PATH", error)) return false;
-    const std::string path = mSession.Resolve(c.words[0]).string();
+    // A database is named by its connection ("PG:dbname=... host=..."), not by a path.
+    const std::string path = TLPgConnection::Names(TLString(c.words[0]))
+                                 ? c.words[0]
+                                 : mSession.Resolve(c.words[0]).string();
     if (mSession.Dry()) return knowOpened(path, error);
     TLString why;
     std::unique_ptr<TMWorkspace> workspace = TMWorkspace::Open(TLString(path), true, why);

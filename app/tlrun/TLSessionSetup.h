@@ -11,7 +11,9 @@ namespace TMObjects {
 // host's settings. None of them is an event a tool sees.
 //
 //   demo-data PATH                 writes a fresh demo GeoPackage at PATH
-//   open PATH                      opens a data source for editing; its layers go on the map
+//   open PATH                      opens a data source for editing; its layers go on the map.
+//                                  A PostGIS database is named by its connection, in quotes:
+//                                  open "PG:host=/tmp/pg dbname=gis user=ann"
 //   crs EPSG:N|none                the map's coordinate system
 //   view XMIN YMIN XMAX YMAX W H   the map rectangle shown on a view of W x H pixels; device
 //                                  (0,0) is the top-left corner (XMIN,YMAX), so the two ratios

@@ -8,6 +8,7 @@
 #include "tlmap/TLMapView.h"
 #include "tlmap/TLSnap.h"
 #include "tlmap/TLToolBuddy.h"
+#include "tlsde/TLSharedFeatureStore.h"
 #include "tlsde/TLSpatialIndex.h"
 #include "tlsparef/TLGeometryProject.h"
 
@@ -198,6 +199,8 @@ void TLSnapTool::searchLayer(TLFeatureLayer* layer, TLCoordinateSystem* mapRefer
         if (!projection->usable || !projection->queryInLayer(p, tolerance, q, layerTolerance))
             return;
     }
+    TLSharedFeatureStore::Want(*table, TLRect(q.x - layerTolerance, q.x + layerTolerance,
+                                              q.y - layerTolerance, q.y + layerTolerance));
     const TLSpatialIndex& index = table->Index();
     TLSegmentRef ref{};
     TLPoint hit;

@@ -4,6 +4,7 @@
 
 #include "tlgeo/TLGeoEnvelope.h"
 #include "tlgeo/TLGeoPolygon.h"
+#include "tlsde/TLSharedFeatureStore.h"
 #include "tlsde/TLSpatialIndex.h"
 #include "tlsde/TLWhereClause.h"
 
@@ -30,6 +31,9 @@ TLRefPtr<TLGeometry> relatable(const TLRefPtr<TLGeometry>& filter) {
     polygon->Forward();
     return TLRefPtr<TLGeometry>(polygon);
 }
+
+// Everything there is: what a query without a shape looks at.
+const TLRect kEverywhere(-1e308, 1e308, -1e308, 1e308);
 
 bool inside(const TLRect& inner, const TLRect& outer) {
     return !inner.IsEmpty() && !outer.IsEmpty() && inner.XMinimum() >= outer.XMinimum() &&
@@ -74,8 +78,10 @@ std::vector<int> TLFeatureTable::Search(const TLQueryFilter& filter) const {
     std::vector<int> candidates;
     TLRect rect;
     TLRefPtr<TLGeometry> shape;
+    if (geometry && geometry->IsEmpty()) return {};
+    TLSharedFeatureStore::Want(
+        *this, geometry && relation != TLSpatialRelDisjoint ? geometry->GetBound() : kEverywhere);
     if (geometry) {
-        if (geometry->IsEmpty()) return {};
         rect = geometry->GetBound();
         // Only disjoint features lie outside the filter's bounds; every other relation needs
         // the bounds to meet.
@@ -107,6 +113,7 @@ std::vector<int> TLFeatureTable::Search(const TLQueryFilter& filter) const {
 }
 
 std::vector<int> TLFeatureTable::SearchBounds(const TLRect& rect) const {
+    TLSharedFeatureStore::Want(*this, rect);
     std::vector<int> ids = Index().Query(rect);
     std::sort(ids.begin(), ids.end());
     return ids;
@@ -125,7 +132,12 @@ TLSpatialIndex& TLFeatureTable::Index() const {
 }
 
 TLRect TLFeatureTable::GetExtent() const {
-    return Index().Extent();
+    TLRect extent = Index().Extent();
+    TLRect stored;
+    if (TLSharedFeatureStore* shared = TLSharedFeatureStore::Of(*this);
+        shared && shared->Extent(stored))
+        extent.Union(stored);
+    return extent;
 }
 
 void TLFeatureTable::Load(TLFeature feature) {
@@ -134,14 +146,21 @@ void TLFeatureTable::Load(TLFeature feature) {
     mFeatures[id] = normalised(feature);
     mFeatures[id].SetId(id);
     mNextId = std::max(mNextId, id + 1);
-    // A load is usually one of many: the index is packed again on its next use instead of
-    // growing one insert at a time.
-    mIndex.reset();
+    // Loads at open come before the index is first built, which then packs them all at once;
+    // a store reading on demand adds to an index in use.
+    indexInsert(id, mFeatures[id]);
 }
 
 int TLFeatureTable::Insert(const TLFeature& feature) {
     int id = feature.GetId();
-    if (id < 0 || HasFeature(id)) id = mNextId;
+    // A store shared by several editors numbers new features itself, so that no two editors
+    // ever give the same id.
+    TLSharedFeatureStore* shared = TLSharedFeatureStore::Of(*this);
+    const int given = shared ? shared->NewId() : -1;
+    if (given >= 0 && !HasFeature(given))
+        id = given;
+    else if (id < 0 || HasFeature(id))
+        id = mNextId;
     keep(id);
     TLFeature& stored = mFeatures[id] = normalised(feature);
     stored.SetId(id);

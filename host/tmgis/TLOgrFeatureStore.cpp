@@ -113,7 +113,12 @@ bool TLOgrFeatureStore::commitInTransaction(GDALDataset& dataset, OGRLayer& laye
     std::map<int, long long> created;
     for (const TLFeatureChange& change : changes) {
         std::string why;
-        if (apply(layer, change, created, gdal, why)) continue;
+        long long createdId = change.id;
+        if (ApplyChange(layer, change, change.isNew ? change.id : StoredId(change.id), createdId,
+                        why)) {
+            if (createdId != change.id) created[change.id] = createdId;
+            continue;
+        }
         dataset.RollbackTransaction();
         error = failure(change.id, why);
         return false;
@@ -130,29 +135,28 @@ bool TLOgrFeatureStore::commitInTransaction(GDALDataset& dataset, OGRLayer& laye
     return true;
 }
 
-bool TLOgrFeatureStore::apply(OGRLayer& layer, const TLFeatureChange& change,
-                              std::map<int, long long>& created, TLGdalCall& gdal,
-                              std::string& why) {
-    const GIntBig stored = StoredId(change.id);
+bool TLOgrFeatureStore::ApplyChange(OGRLayer& layer, const TLFeatureChange& change,
+                                    long long storedId, long long& createdId, std::string& why) {
+    TLGdalCall gdal;
     if (!change.after) {
         // A feature someone else removed already is as the user wants it.
-        const OGRErr result = layer.DeleteFeature(stored);
+        const OGRErr result = layer.DeleteFeature(storedId);
         if (result == OGRERR_NONE || result == OGRERR_NON_EXISTING_FEATURE) return true;
         why = gdal.Reason("the store refused to delete it");
         return false;
     }
     if (change.isNew) {
         OGRFeature feature(layer.GetLayerDefn());
-        feature.SetFID(change.id);
+        feature.SetFID(storedId);
         if (!TLOgrValues::Apply(*change.after, feature, layer.GetGeomType(), why)) return false;
         if (layer.CreateFeature(&feature) != OGRERR_NONE) {
             why = gdal.Reason("the store refused the new feature");
             return false;
         }
-        if (feature.GetFID() != change.id) created[change.id] = feature.GetFID();
+        createdId = feature.GetFID();
         return true;
     }
-    std::unique_ptr<OGRFeature> feature(layer.GetFeature(stored));
+    std::unique_ptr<OGRFeature> feature(layer.GetFeature(storedId));
     if (!feature) {
         why = "it is no longer in the data source";
         return false;

@@ -38,6 +38,12 @@ public:
     bool Commit(const TLFeatureTable& table, const std::vector<TLFeatureChange>& changes,
                 TLString& error) override;
 
+    // Writes one change to an OGR layer, inside the caller's transaction: a delete (of a feature
+    // that is gone already, too), a new feature under `storedId`, or a stored feature brought to
+    // the change. `createdId` gets the id the store gave a new feature.
+    static bool ApplyChange(OGRLayer& layer, const TLFeatureChange& change, long long storedId,
+                            long long& createdId, std::string& why);
+
 private:
     bool commitInTransaction(GDALDataset& dataset, OGRLayer& layer,
                              const std::vector<TLFeatureChange>& changes, TLGdalCall& gdal,
@@ -49,8 +55,6 @@ private:
     bool writeAll(const TLFeatureTable& table, const std::set<int>& changed,
                   const std::set<int>& created, OGRLayer& source, OGRLayer& target,
                   std::map<int, long long>& ids, std::string& why);
-    bool apply(OGRLayer& layer, const TLFeatureChange& change, std::map<int, long long>& created,
-               TLGdalCall& gdal, std::string& why);
     TLString failure(int id, const std::string& why) const;
 
     TLString mPath;

@@ -14,6 +14,8 @@
 #include "tmgis/TLOgrFeatureStore.h"
 #include "tmgis/TLOgrSchema.h"
 #include "tmgis/TLOgrValues.h"
+#include "tmgis/TLPgConnection.h"
+#include "tmgis/TLPgWorkspace.h"
 
 namespace TMObjects {
 
@@ -35,8 +37,17 @@ std::unique_ptr<TMWorkspace> TMWorkspace::Open(const TLString& path, bool editab
                                                TLString& error) {
     TLGdalCall gdal;
     const std::string file = path.toStdString();
-    GDALDatasetUniquePtr dataset(GDALDataset::Open(
-        file.c_str(), GDAL_OF_VECTOR | GDAL_OF_RASTER | GDAL_OF_READONLY | GDAL_OF_VERBOSE_ERROR));
+    // A database is opened for its tables only: its rasters would go through another driver,
+    // which claims the same names.
+    const bool database = TLPgConnection::Names(path);
+    GDALDatasetUniquePtr dataset(
+        GDALDataset::Open(file.c_str(), GDAL_OF_VECTOR | (database ? 0 : GDAL_OF_RASTER) |
+                                            GDAL_OF_READONLY | GDAL_OF_VERBOSE_ERROR));
+    if (!dataset && database) {
+        error = TLString("Cannot open " + TLPgConnection::Redacted(file) + ": " +
+                         gdal.Reason("the server does not answer") + ".");
+        return nullptr;
+    }
     if (!dataset) {
         std::error_code failed;
         const bool exists = fs::exists(file, failed);
@@ -49,10 +60,14 @@ std::unique_ptr<TMWorkspace> TMWorkspace::Open(const TLString& path, bool editab
     std::unique_ptr<TMWorkspace> workspace(new TMWorkspace);
     workspace->mPath = path;
     workspace->mDriver = TLString(std::string(dataset->GetDriver()->GetDescription()));
-    workspace->readVectors(*dataset, editable);
-    workspace->readRasters(*dataset);
+    if (workspace->mDriver == TLString("PostgreSQL")) {
+        TLPgWorkspace::ReadLayers(*dataset, file, editable, workspace->mLayers, workspace->mNotes);
+    } else {
+        workspace->readVectors(*dataset, editable);
+        workspace->readRasters(*dataset);
+    }
     if (workspace->mLayers.empty()) {
-        error = TLString(file + " holds no layer that can be shown.");
+        error = TLString(TLPgConnection::Redacted(file) + " holds no layer that can be shown.");
         return nullptr;
     }
     return workspace;

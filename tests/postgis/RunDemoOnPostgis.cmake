@@ -1,0 +1,44 @@
+# Plays the demo sessions (SESSIONS/*.tls, in name order) on the demo data in PostGIS, each going
+# on from what the one before saved, as RunDemo.cmake plays them on the GeoPackage: every
+# "open demo.gpkg" opens one fresh database made from "tl_demo" (LoadDemo.cmake) instead. Called
+# by ctest with TLRUN, SESSIONS, WORKDIR, STATE (the server's connection file), PSQL and LAST,
+# the number of the last session played.
+file(STRINGS ${STATE} server LIMIT_COUNT 1)
+if(NOT server MATCHES "^PG:")
+  message(FATAL_ERROR "no PostGIS server: ${STATE} was not written (see postgis.start)")
+endif()
+string(REGEX REPLACE "^PG:" "" server "${server}")
+string(REGEX REPLACE " *dbname=[^ ]+" "" server "${server}")
+set(database s_demo_sessions)
+execute_process(
+  COMMAND ${PSQL} -X -q -v ON_ERROR_STOP=1 "${server} dbname=postgres"
+    -c "DROP DATABASE IF EXISTS ${database} WITH (FORCE)"
+    -c "CREATE DATABASE ${database} TEMPLATE tl_demo"
+  RESULT_VARIABLE created ERROR_VARIABLE why)
+if(NOT created EQUAL 0)
+  message(FATAL_ERROR "cannot make the database ${database}: ${why}")
+endif()
+set(rewritten ${WORKDIR}-sessions)
+file(REMOVE_RECURSE ${rewritten})
+file(GLOB sessions ${SESSIONS}/*.tls)
+foreach(session ${sessions})
+  get_filename_component(name ${session} NAME)
+  # Sessions after LAST ("09") are left out.
+  if(DEFINED LAST AND name STRGREATER "${LAST}~")
+    continue()
+  endif()
+  file(READ ${session} text)
+  string(REGEX REPLACE "(^|\n)open demo\\.gpkg" "\\1open \"PG:${server} dbname=${database}\""
+    text "${text}")
+  # A refusal is said in the server's words.
+  string(REGEX REPLACE "NOT NULL constraint failed: ([a-z_]+)\\.([a-z_]+)"
+    "null value in column \\\\\"\\2\\\\\" of relation \\\\\"\\1\\\\\" violates not-null constraint"
+    text "${text}")
+  string(REGEX REPLACE "UNIQUE constraint failed: ([a-z_]+)\\.([a-z_]+)"
+    "duplicate key value violates unique constraint \\\\\"\\1_\\2_key\\\\\"" text "${text}")
+  file(WRITE ${rewritten}/${name} "${text}")
+endforeach()
+set(SESSIONS ${rewritten})
+include(${CMAKE_CURRENT_LIST_DIR}/../scenarios/RunDemo.cmake)
+execute_process(COMMAND ${PSQL} -X -q "${server} dbname=postgres"
+  -c "DROP DATABASE IF EXISTS ${database} WITH (FORCE)" OUTPUT_QUIET ERROR_QUIET)
