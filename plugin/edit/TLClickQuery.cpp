@@ -25,7 +25,18 @@ bool TLClickQuery::NeedsProjection(TLMapView* view, TLFeatureLayer* layer) {
     if (!view || !view->GetMap() || !layer) return false;
     TLRefPtr<TLCoordinateSystem> mapReference = view->GetMap()->GetSpatialReference();
     TLRefPtr<TLCoordinateSystem> layerReference = layer->GetSpatialReference();
-    return mapReference && layerReference && !mapReference->IsSame(layerReference.get());
+    return SystemsDiffer(mapReference.get(), layerReference.get());
+}
+
+bool TLClickQuery::SystemsDiffer(TLCoordinateSystem* a, TLCoordinateSystem* b) {
+    return a && b && !a->IsSame(b);
+}
+
+void TLClickQuery::Project(TLGeometry* geometry, TLCoordinateSystem* from, TLCoordinateSystem* to) {
+    if (!geometry || !SystemsDiffer(from, to)) return;
+    TLGeometryProject projection;
+    projection.SetPrj(from, to, nullptr);
+    projection.ProjTmGeometry(geometry);
 }
 
 std::vector<TLClickQuery::Candidate> TLClickQuery::Select(TLMapView* view, TLFeatureLayer* layer,

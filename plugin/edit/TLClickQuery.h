@@ -7,6 +7,7 @@
 
 namespace TMObjects {
 
+class TLCoordinateSystem;
 class TLMapView;
 class TLFeatureLayer;
 
@@ -28,6 +29,10 @@ public:
     static double Tolerance(TLMapView* view);
     // True when the map and the layer both have a system and the two differ.
     static bool NeedsProjection(TLMapView* view, TLFeatureLayer* layer);
+    // True when both systems are set and differ: only then is anything projected.
+    static bool SystemsDiffer(TLCoordinateSystem* a, TLCoordinateSystem* b);
+    // Projects the geometry in place from one system to the other when they differ.
+    static void Project(TLGeometry* geometry, TLCoordinateSystem* from, TLCoordinateSystem* to);
 };
 
 }  // namespace TMObjects

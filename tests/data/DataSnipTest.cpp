@@ -102,6 +102,14 @@ TEST(DataSnip, ACrossingThroughAVertexSplitsAtThatVertexExactly) {
     EXPECT_EQ(s.pieces(), (Pieces{"LINESTRING (0 0, 0.1 0.3)", "LINESTRING (0.1 0.3, 10 0)"}));
 }
 
+TEST(DataSnip, ACrossingOnASelfCrossingLineSplitsEveryPassThroughIt) {
+    Snip s;
+    s.target("LINESTRING (0 0, 10 10, 10 0, 0 10)");
+    s.cutter("LINESTRING (0 5, 12 5)");
+    EXPECT_EQ(s.pieces(), (Pieces{"LINESTRING (0 0, 5 5)", "LINESTRING (5 5, 10 10, 10 5)",
+                                  "LINESTRING (10 5, 10 0, 5 5)", "LINESTRING (5 5, 0 10)"}));
+}
+
 TEST(DataSnip, AStretchRunAlongTogetherSplitsAtBothEndsOnly) {
     Snip s;
     s.target("LINESTRING (0 0, 5 0, 10 0)");
