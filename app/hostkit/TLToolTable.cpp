@@ -59,7 +59,7 @@ const std::vector<TLToolTable::Entry>& TLToolTable::Entries() {
         {"TLToolAdvancedEditAnnotation", nullptr, "Annotation", NoBehaviour},
         {"TLToolAdvancedMoveAnnotation", nullptr, "Annotation", NoBehaviour},
         {"TLToolPartCopy", "Part Copy", "Feature editing", Built},
-        {"TLToolPartConnect", nullptr, "Feature editing", NotBuilt},
+        {"TLToolPartConnect", nullptr, "Feature editing", Built},
         {"TLToolPartOffset", "Part Offset", "Feature editing", Built},
         {"TLToolWholeOffset", "Whole Offset", "Feature editing", Built},
         {"TLAspectCalculation", nullptr, "Raster analysis", NotBuilt},
@@ -76,7 +76,7 @@ const std::vector<TLToolTable::Entry>& TLToolTable::Entries() {
         {"TLToolExportRenderStyle", nullptr, "Style export", NotBuilt},
         {"TLToolExportRenderSLDStyle", nullptr, "Style export", NotBuilt},
         {"TLToolImageSampleCollect", nullptr, "Raster analysis", NoBehaviour},
-        {"TLToolPolygonCutPolygon", "Polygon cut polygon", "Feature editing", NotBuilt},
+        {"TLToolPolygonCutPolygon", "Polygon cut polygon", "Feature editing", Built},
         {"TmToolImgSemiAutoRecog", nullptr, "Raster analysis", NoBehaviour},
         {"TLToolDoubleLine", nullptr, "Feature editing", NoBehaviour},
     };

@@ -86,16 +86,40 @@ public:
     int lineLayerSniplineLayer(int package, int targetLayer, int cutterLayer, int mode);
 
     // Operations on polygons and lines of packages; each appends its result as a new package
-    // and returns that package's number, or -1.
-    // The pieces of the first package's entities cut, joined or overlaid by the second's, each
-    // with the 1-based indexes of its sources.
+    // and returns that package's number, or -1 (nothing appended) for a missing package or an
+    // unknown operation.
+    //
+    // twoBoolOperate: the polygons of the first package cut by the second package. Sources are
+    // numbered across both packages: the first package's entities 1..n, the second's n+1 on.
+    // The result package always comes, empty when nothing results, with one polygon layer (a copy
+    // of the first piece's layer); each piece is one polygon (holes kept) that takes the handle
+    // and attributes of its first source of the first package. Noding is exact: no vertex moves,
+    // no piece is dropped for its size (dBoolLimit and dAreaLimit do not apply). `mode` and
+    // `flags` are not read.
+    // - 13: the overlay of both packages' polygons. Every area covered by a polygon of the first
+    //   package becomes pieces, each listing every polygon (of either package) that covers it, in
+    //   ascending order; areas of one list that share an edge are one piece, areas that only meet
+    //   at a point are two. Pieces come in the order of their lists (compared as sequences), the
+    //   larger first within a list. A polygon that nothing overlaps and no outline crosses comes
+    //   back whole, its vertices as they were.
+    // - 14: each polygon of the first package cut by the lines of the second (paths of lines,
+    //   outlines of polygons): its outline is noded with them and the faces inside it are the
+    //   pieces, largest first, each with that polygon as its only source. A line that does not
+    //   run across (a dangling end, a line ending inside) cuts nothing.
     int twoBoolOperate(int firstPackage, int secondPackage, int operation, int mode, int flags);
-    // A topology operation on the current package (2: merge touching polygons).
+    // A topology operation on the current package. 2: the polygons of the package, each snapped
+    // to the others' vertices within `pointLimit`, are merged where they share an edge (polygons
+    // meeting at a point only stay apart); the result package holds one polygon entity per merged
+    // polygon, listing the 1-based numbers of the polygons it is made of and taking the handle and
+    // attributes of the first. Other operations: -1.
     int currDataTopoOperate(int operation, double tolerance, double pointLimit, int mode, int flags,
                             int option);
-    // Merges the entities of a package whose binding flag equals `flag`.
+    // Merges, in place, the polygon entities of a package whose binding flag equals `flag` and
+    // that share an edge: the first entity of each group takes the merged shape, the others are
+    // removed. Returns the number of entities removed, or -1 for a missing package.
     int package_BindingEntity(int package, int flag);
-    // Non-zero when (x, y) lies on the entity's lines or outline.
+    // Non-zero when (x, y) lies on the entity's lines or outline: within dPointLimit of a
+    // segment, and at least within the rounding of the coordinates (1e-9 of their size).
     int point_InLine(const CvectorEntityData* object, double x, double y) const;
     // The vertex of an entity nearest to (x, y), the first of equally near ones: returns its
     // index, with that vertex in (fx, fy) and its distance; -1 for an empty or missing entity.

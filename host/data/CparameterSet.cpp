@@ -1,11 +1,11 @@
 #include "data/CparameterSet.h"
 
-#include "data/CdataNotBuilt.h"
+#include <cmath>
 
 namespace TMObjects {
 
-double CparameterSet::commonDot(int) {
-    throw CdataNotBuilt("CparameterSet::commonDot");
+double CparameterSet::commonDot(int digits) {
+    return std::pow(10.0, -double(digits));
 }
 
 }  // namespace TMObjects

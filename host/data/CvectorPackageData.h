@@ -37,8 +37,10 @@ public:
     // Adds a layer of that name and returns it; `fields`, when given, are copied into it.
     CRvLayer* CreateEbpLayer(const TLString& name, const CRvFields* fields);
 
-    // Which side of `line` the polygon `chunk` lies on: 0 when the line does not bound it,
-    // otherwise non-zero; `mode` 0 is the plane test.
+    // Which side of `line` the polygon `chunk` lies on: 0 when the line does not bound it (no
+    // stretch of the line, longer than the rounding of the coordinates, runs along the chunk's
+    // outline), 1 when the chunk lies on the line's left there, -1 on its right. The first such
+    // stretch along the line decides. `mode` 0 is the plane test, the only one.
     int compSurfaceChunk(const CvectorEntityData* line, const CvectorEntityData* chunk, int mode);
 
 private:

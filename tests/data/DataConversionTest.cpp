@@ -5,7 +5,6 @@
 #include "data/CHelper.h"
 #include "data/CcurrencyFunc.h"
 #include "data/CdataManager.h"
-#include "data/CparameterSet.h"
 #include "data/TLTopoCheckCommonFunc.h"
 #include "tlgeo/TLGeoEnvelope.h"
 #include "tlgeo/TLGeoPoint.h"
@@ -113,13 +112,4 @@ TEST(DataConversion, PreprocessingDropsRepeatedVerticesAndOrdersRings) {
     EXPECT_EQ(x, 10);
     EXPECT_EQ(y, 0);
     EXPECT_FALSE(TLTopoCheckCommonFunc::PreprocessingDataForOverlay(nullptr));
-}
-
-// The operations other work fills in fail loudly until they are built.
-TEST(DataNotBuilt, DeclaredOperationsThrowUntilBuilt) {
-    CdataManager manager;
-    EXPECT_THROW(manager.twoBoolOperate(0, 1, 13, 0, 111), std::logic_error);
-    EXPECT_THROW(manager.currDataTopoOperate(2, 0, 1, 1, 111, 0), std::logic_error);
-    EXPECT_THROW(manager.package_BindingEntity(0, 1), std::logic_error);
-    EXPECT_THROW(CparameterSet::commonDot(10), std::logic_error);
 }
