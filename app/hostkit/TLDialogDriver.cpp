@@ -5,13 +5,19 @@
 #include <QAbstractSpinBox>
 #include <QApplication>
 #include <QComboBox>
+#include <QDateEdit>
 #include <QDoubleSpinBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPlainTextEdit>
 #include <QSpinBox>
+#include <QTabWidget>
 #include <QTableView>
 #include <QTextEdit>
+#include <QTimer>
+#include <QTreeView>
+#include <memory>
 
 namespace TMObjects {
 
@@ -100,6 +106,61 @@ QString withoutMnemonic(QString text) {
     return text.replace("&&", QChar(1)).remove('&').replace(QChar(1), '&');
 }
 
+// A date as yyyy-MM-dd, as the user types it into the edit.
+bool setDate(QDateTimeEdit* edit, const QString& value, std::string& error) {
+    const QDate date = QDate::fromString(value, Qt::ISODate);
+    if (!date.isValid()) {
+        error = "\"" + value.toStdString() + "\" is no date (yyyy-MM-dd)";
+        return false;
+    }
+    edit->setDate(date);
+    return true;
+}
+
+// A page by its title, or by its number when no title fits.
+bool setTab(QTabWidget* tabs, const QString& value, std::string& error) {
+    for (int i = 0; i < tabs->count(); ++i)
+        if (withoutMnemonic(tabs->tabText(i)) == value) {
+            tabs->setCurrentIndex(i);
+            return true;
+        }
+    bool read = false;
+    const int index = value.toInt(&read);
+    if (read && index >= 0 && index < tabs->count()) {
+        tabs->setCurrentIndex(index);
+        return true;
+    }
+    error = "the tab widget " + tabs->objectName().toStdString() + " has no page \"" +
+            value.toStdString() + "\"";
+    return false;
+}
+
+// Top rows joined by "; ", each with its children in brackets.
+QString treeText(QAbstractItemModel* model) {
+    QStringList rows;
+    for (int row = 0; model && row < model->rowCount(); ++row) {
+        const QModelIndex top = model->index(row, 0);
+        QString text = top.data().toString();
+        QStringList children;
+        for (int child = 0; child < model->rowCount(top); ++child)
+            children << model->index(child, 0, top).data().toString();
+        if (!children.isEmpty()) text += " [" + children.join(", ") + "]";
+        rows << text;
+    }
+    return rows.join("; ");
+}
+
+// The first item, depth first, that shows the text.
+QModelIndex itemShowing(QAbstractItemModel* model, const QModelIndex& parent, const QString& text) {
+    for (int row = 0; model && row < model->rowCount(parent); ++row) {
+        const QModelIndex index = model->index(row, 0, parent);
+        if (index.data().toString() == text) return index;
+        const QModelIndex inside = itemShowing(model, index, text);
+        if (inside.isValid()) return inside;
+    }
+    return QModelIndex();
+}
+
 }  // namespace
 
 QWidget* TLDialogDriver::Find(const std::string& objectName, std::string& error) {
@@ -132,6 +193,8 @@ bool TLDialogDriver::Set(QWidget* widget, const std::string& value, std::string&
         return true;
     }
     if (auto* combo = qobject_cast<QComboBox*>(widget)) return setCombo(combo, text, error);
+    if (auto* date = qobject_cast<QDateTimeEdit*>(widget)) return setDate(date, text, error);
+    if (auto* tabs = qobject_cast<QTabWidget*>(widget)) return setTab(tabs, text, error);
     if (auto* box = qobject_cast<QAbstractSpinBox*>(widget)) return setNumber(box, text, error);
     if (auto* button = qobject_cast<QAbstractButton*>(widget); button && button->isCheckable()) {
         if (value != "on" && value != "off") {
@@ -178,11 +241,111 @@ std::string TLDialogDriver::Text(QWidget* widget) {
     else if (auto* button = qobject_cast<QAbstractButton*>(widget))
         text = button->isCheckable() ? QString(button->isChecked() ? "on" : "off")
                                      : withoutMnemonic(button->text());
+    else if (auto* tree = qobject_cast<QTreeView*>(widget))
+        text = treeText(tree->model());
     else if (auto* table = qobject_cast<QAbstractItemView*>(widget))
         text = tableText(table);
+    else if (auto* tabs = qobject_cast<QTabWidget*>(widget))
+        text = withoutMnemonic(tabs->tabText(tabs->currentIndex()));
     else
         text = widget->windowTitle();
     return text.toStdString();
+}
+
+bool TLDialogDriver::EditCell(QWidget* widget, int row, int column, const std::string& text,
+                              std::string& error) {
+    auto* view = qobject_cast<QAbstractItemView*>(widget);
+    QAbstractItemModel* model = view ? view->model() : nullptr;
+    const QModelIndex cell = model ? model->index(row, column) : QModelIndex();
+    if (!cell.isValid()) {
+        error = widget->objectName().toStdString() + " has no cell " + std::to_string(row) + " " +
+                std::to_string(column);
+        return false;
+    }
+    if (!(model->flags(cell) & Qt::ItemIsEditable)) {
+        error = "the cell " + std::to_string(row) + " " + std::to_string(column) + " of " +
+                widget->objectName().toStdString() + " cannot be edited";
+        return false;
+    }
+    QAbstractItemDelegate* delegate = view->itemDelegate(cell);
+    QStyleOptionViewItem option;
+    option.rect = view->visualRect(cell);
+    QWidget* editor = delegate->createEditor(view->viewport(), option, cell);
+    if (!editor) {
+        error = "the delegate of " + widget->objectName().toStdString() + " gives no editor";
+        return false;
+    }
+    delegate->setEditorData(editor, cell);
+    const bool given = Set(editor, text, error);
+    // The delegate checks the value here, and may show its own warning and keep the cell.
+    if (given) delegate->setModelData(editor, model, cell);
+    delete editor;
+    return given;
+}
+
+bool TLDialogDriver::ClickItem(QWidget* widget, const std::string& text, std::string& error) {
+    auto* view = qobject_cast<QAbstractItemView*>(widget);
+    const QModelIndex item =
+        view ? itemShowing(view->model(), QModelIndex(), qt(text)) : QModelIndex();
+    if (!item.isValid()) {
+        error = widget->objectName().toStdString() + " shows no item \"" + text + "\"";
+        return false;
+    }
+    view->setCurrentIndex(item);
+    Q_EMIT view->clicked(item);
+    return true;
+}
+
+bool TLDialogDriver::ContextMenu(QWidget* widget, const std::string& item, const std::string& entry,
+                                 std::string& error) {
+    auto* view = qobject_cast<QAbstractItemView*>(widget);
+    const QModelIndex index =
+        view ? itemShowing(view->model(), QModelIndex(), qt(item)) : QModelIndex();
+    if (!index.isValid()) {
+        error = widget->objectName().toStdString() + " shows no item \"" + item + "\"";
+        return false;
+    }
+    view->setCurrentIndex(index);
+    // The menu runs its own loop: the entry is picked from a call queued before it opens. A call
+    // that comes after no menu opened finds the gesture over and does nothing.
+    struct Pick {
+        bool over = false, opened = false, picked = false;
+        QStringList entries;
+    };
+    auto pick = std::make_shared<Pick>();
+    const QString wanted = qt(entry);
+    QTimer::singleShot(0, view, [pick, wanted] {
+        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        if (pick->over || !menu) return;
+        pick->opened = true;
+        QAction* chosen = nullptr;
+        for (QAction* action : menu->actions()) {
+            const QString shown = withoutMnemonic(action->text());
+            pick->entries << shown;
+            if (shown == wanted && action->isEnabled()) chosen = action;
+        }
+        menu->close();
+        if (chosen) {
+            pick->picked = true;
+            chosen->trigger();
+        }
+    });
+    Q_EMIT view->customContextMenuRequested(view->visualRect(index).center());
+    pick->over = true;
+    if (!pick->opened)
+        error = "no menu opened over \"" + item + "\"";
+    else if (!pick->picked)
+        error = "the menu over \"" + item + "\" has no entry \"" + entry + "\", only \"" +
+                pick->entries.join("\", \"").toStdString() + "\"";
+    return pick->opened && pick->picked;
+}
+
+QWidget* TLDialogDriver::FindIn(QWidget* dialog, const std::string& objectName,
+                                std::string& error) {
+    if (QWidget* child = dialog->findChild<QWidget*>(qt(objectName))) return child;
+    error = "the dialog \"" + dialog->windowTitle().toStdString() + "\" has no widget \"" +
+            objectName + "\"";
+    return nullptr;
 }
 
 }  // namespace TMObjects

@@ -1,6 +1,43 @@
 #include "hostkit/TLHostBuddy.h"
 
+#include "tlmap/TLEditor.h"
+#include "tlmap/TLMap.h"
+
 namespace TMObjects {
+
+class TLHostBuddy::RefusalListener : public TLEditorListener {
+public:
+    explicit RefusalListener(TLHostBuddy* buddy) : mBuddy(buddy) {}
+    void OnWriteRefused(const TLString& why) override { mBuddy->AppendMessage(why); }
+
+private:
+    TLHostBuddy* mBuddy;
+};
+
+TLHostBuddy::TLHostBuddy(TLMapView* view)
+    : mView(view), mRefusals(std::make_unique<RefusalListener>(this)) {
+    listenToEditor();
+}
+
+TLHostBuddy::~TLHostBuddy() {
+    stopListening();
+}
+
+void TLHostBuddy::SetMapView(TLMapView* view) {
+    stopListening();
+    mView = view;
+    listenToEditor();
+}
+
+void TLHostBuddy::listenToEditor() {
+    mListenedMap = TLRefPtr<TLMap>(mView ? mView->GetMap() : nullptr);
+    if (mListenedMap) mListenedMap->editor()->AddListener(mRefusals.get());
+}
+
+void TLHostBuddy::stopListening() {
+    if (mListenedMap) mListenedMap->editor()->RemoveListener(mRefusals.get());
+    mListenedMap.reset();
+}
 
 void TLHostBuddy::record(TLHostEvent::Kind kind, const TLString& text, int value) {
     mEvents.push_back({kind, text, value});

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -19,10 +20,13 @@ struct TLHostEvent {
 
 // The host's concrete buddy for one map view. It records what the tool says and answers the
 // tool's questions (modifiers, part modes, scratch layers) from settable values; a program that
-// shows a window listens to it and reflects each event on screen.
+// shows a window listens to it and reflects each event on screen. A write the map's editor
+// refused (a shape that is no number) is told on the command window as a history line, since the
+// tool that made it does not know.
 class TLHostBuddy : public TLToolBuddy {
 public:
-    explicit TLHostBuddy(TLMapView* view = nullptr) : mView(view) {}
+    explicit TLHostBuddy(TLMapView* view = nullptr);
+    ~TLHostBuddy() override;
 
     TLMapView* GetMapView() override { return mView; }
     bool HasActiveMap() override { return mView && mView->GetMap(); }
@@ -46,7 +50,7 @@ public:
     void SetLinePartMode(int mode) override { mLinePartMode = mode; }
     int LinePartMode() override { return mLinePartMode; }
 
-    void SetMapView(TLMapView* view) { mView = view; }
+    void SetMapView(TLMapView* view);
     void SetMainWindowId(std::uintptr_t id) { mMainWindow = id; }
     // A fixed answer, or a function asked each time (a desktop asks the toolkit).
     void SetKeyboardModifiers(int modifiers) { mModifiers = modifiers; }
@@ -66,7 +70,10 @@ public:
     void AddListener(Listener listener) { mListeners.push_back(std::move(listener)); }
 
 private:
+    class RefusalListener;
     void record(TLHostEvent::Kind kind, const TLString& text, int value = 0);
+    void listenToEditor();
+    void stopListening();
 
     TLMapView* mView;
     std::uintptr_t mMainWindow = 0;
@@ -82,6 +89,8 @@ private:
     TLString mPrompt;
     std::vector<TLHostEvent> mEvents;
     std::vector<Listener> mListeners;
+    TLRefPtr<TLMap> mListenedMap;
+    std::unique_ptr<RefusalListener> mRefusals;
 };
 
 }  // namespace TMObjects

@@ -1,5 +1,7 @@
 #include "hostkit/TLModalAnswerer.h"
 
+#include "hostkit/TLDialogDriver.h"
+
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
@@ -186,6 +188,7 @@ struct TLModalAnswerer::Impl {
     std::deque<Queued> queue;
     std::vector<Record> records;
     Listener listener;
+    StepListener stepListener;
     QPointer<QWidget> last;
     int attempts = 0;
     bool answering = false;
@@ -193,7 +196,53 @@ struct TLModalAnswerer::Impl {
     void poll();
     void answerNow(QPointer<QWidget> widget);
     Action answer(QWidget* widget, Record& record);
+    bool stepNext(QWidget* dialog);
 };
+
+namespace {
+
+// Steps travel in the queue of answers, marked so that no answer can be taken for one.
+const char kStepMark = '\x1f';
+
+std::vector<std::string> stepWords(const std::string& entry) {
+    std::vector<std::string> words;
+    std::size_t from = 1;
+    for (std::size_t at; (at = entry.find(kStepMark, from)) != std::string::npos; from = at + 1)
+        words.push_back(entry.substr(from, at - from));
+    words.push_back(entry.substr(from));
+    return words;
+}
+
+std::string doStep(QWidget* dialog, const std::vector<std::string>& words) {
+    std::string problem;
+    QWidget* widget = TLDialogDriver::FindIn(dialog, words[1], problem);
+    if (!widget) return problem;
+    if (words[0] == "set") {
+        if (!TLDialogDriver::Set(widget, words[2], problem))
+            return "expected " + words[1] + " to take the value, got: " + problem;
+    } else if (words[0] == "click") {
+        if (!TLDialogDriver::Click(widget, problem))
+            return "expected " + words[1] + " to take the click, got: " + problem;
+    } else if (words[0] == "expect") {
+        const std::string shown = TLDialogDriver::Text(widget);
+        if (shown != words[2])
+            return "expected " + words[1] + " to show \"" + words[2] + "\", got \"" + shown + "\"";
+    }
+    return std::string();
+}
+
+}  // namespace
+
+// A step at the head of the queue is done on the dialog, which stays up for the next entry.
+bool TLModalAnswerer::Impl::stepNext(QWidget* dialog) {
+    if (queue.empty() || queue.front().answer.empty() || queue.front().answer[0] != kStepMark)
+        return false;
+    const std::vector<std::string> words = stepWords(queue.front().answer);
+    queue.pop_front();
+    const std::string problem = words.size() == 3 ? doStep(dialog, words) : "a malformed step";
+    if (!problem.empty() && stepListener) stepListener(problem);
+    return true;
+}
 
 // The answer is given from a queued call, not from the timer's own slot: an answer may open
 // another modal dialog (a file dialog warns of a missing file), and Qt does not fire a timer
@@ -210,6 +259,7 @@ void TLModalAnswerer::Impl::poll() {
 void TLModalAnswerer::Impl::answerNow(QPointer<QWidget> widget) {
     answering = false;
     if (!widget || !widget->isVisible() || widget != QApplication::activeModalWidget()) return;
+    if (stepNext(widget)) return;
     attempts = widget == last ? attempts + 1 : 1;
     last = widget;
     Record record;
@@ -299,6 +349,16 @@ const std::vector<TLModalAnswerer::Record>& TLModalAnswerer::Records() const {
 
 void TLModalAnswerer::SetListener(Listener listener) {
     mImpl->listener = std::move(listener);
+}
+
+void TLModalAnswerer::QueueStep(const std::string& verb, const std::string& object,
+                                const std::string& value) {
+    mImpl->queue.push_back(
+        {std::string(1, kStepMark) + verb + kStepMark + object + kStepMark + value, std::string()});
+}
+
+void TLModalAnswerer::SetStepListener(StepListener listener) {
+    mImpl->stepListener = std::move(listener);
 }
 
 }  // namespace TMObjects

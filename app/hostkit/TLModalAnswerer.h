@@ -46,6 +46,15 @@ public:
     using Listener = std::function<void(const Record&)>;
     void SetListener(Listener listener);
 
+    // A step done on the next modal dialog before it is answered, in the order queued with the
+    // answers: "set" gives a widget of the dialog a value (as TLDialogDriver::Set), "click"
+    // clicks a button of it, "expect" compares what a widget shows (TLDialogDriver::Text) with
+    // the value. The dialog stays up for the next entry, unless the click closed it.
+    void QueueStep(const std::string& verb, const std::string& object, const std::string& value);
+    // Told of a step that could not be done, or of an expectation that did not hold.
+    using StepListener = std::function<void(const std::string& problem)>;
+    void SetStepListener(StepListener listener);
+
 private:
     struct Impl;
     std::unique_ptr<Impl> mImpl;

@@ -27,6 +27,9 @@ void TLToolDispatcher::Deactivate() {
     if (!mTool) return;
     TLRefPtr<TLTool> tool = mTool;
     mTool.reset();
+    // A tool that ended itself has let go of everything; a second deactivate could free its
+    // dialog twice.
+    if (!tool->isActive()) return;
     run("deactivate", [&] {
         tool->deactivate();
         return true;
@@ -87,6 +90,10 @@ bool TLToolDispatcher::run(const char* entry, const std::function<bool()>& call)
     }
     mLastResult = false;
     return false;
+}
+
+void TLToolDispatcher::ReportFailure(const char* entry, const std::string& what) {
+    fail(entry, what);
 }
 
 void TLToolDispatcher::fail(const char* entry, const std::string& what) {

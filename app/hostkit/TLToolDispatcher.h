@@ -22,8 +22,11 @@ public:
 
     // Deactivates the current tool, then runs Init(buddy) and activate() on `tool`.
     void Activate(TLTool* tool);
+    // Leaves the tool in use; one that has ended itself already is not deactivated again.
     void Deactivate();
-    TLTool* ActiveTool() const { return mTool.get(); }
+    // The tool in use; null when none was picked, or when the tool ended itself (a dialog's
+    // close ran its deactivate): the host then knows that no tool is active.
+    TLTool* ActiveTool() const { return mTool && mTool->isActive() ? mTool.get() : nullptr; }
 
     bool MouseDown(TLMouseButton button, int x, int y);
     bool MouseUp(TLMouseButton button, int x, int y);
@@ -42,6 +45,11 @@ public:
     // The text of the last caught failure or of the step left open; empty when the last event
     // ran to its end and closed what it opened.
     const std::string& LastFailure() const { return mLastFailure; }
+
+    // A failure caught outside the event entries (a dialog's slot, through the guarded
+    // application): reported as one caught here, and an editor operation left open is rolled
+    // back. `entry` says where ("dialog").
+    void ReportFailure(const char* entry, const std::string& what);
 
     // Told of every caught failure and every step left open (after the rollback).
     using FailureListener = std::function<void(const std::string& what, const std::string& entry)>;

@@ -60,7 +60,10 @@ void TLLayerPanel::Reload() {
     mSyncing = true;
     clear();
     if (mMap) {
-        for (const TLRefPtr<TLLayer>& layer : mMap->GetLayers(true)) {
+        // The top row shows the layer on top, which is the map's last.
+        const std::vector<TLRefPtr<TLLayer>> layers = mMap->GetLayers(true);
+        for (auto it = layers.rbegin(); it != layers.rend(); ++it) {
+            const TLRefPtr<TLLayer>& layer = *it;
             auto* item = new QTreeWidgetItem(
                 this, {ToQString(layer->GetLayerName()), KindText(layer->GetLayerType())});
             item->setData(NameColumn, kIdRole, layer->GetLayerId());

@@ -289,9 +289,9 @@ void TLMapCanvas::renderMapArea(QPainter& painter, const QRect& device) {
     TLGeometryPainter geometry(*mView->GetDisplayTransform());
     TLLayerPainter features(mView->GetDisplay(), geometry);
     const std::vector<TLRefPtr<TLLayer>> layers = mView->GetMap()->GetLayers(true);
-    // The first layer of the map lies on top, so the list is drawn from its end.
-    for (auto it = layers.rbegin(); it != layers.rend(); ++it) {
-        TLLayer* layer = it->get();
+    // The last layer of the map lies on top: the list is drawn from its start.
+    for (const TLRefPtr<TLLayer>& each : layers) {
+        TLLayer* layer = each.get();
         if (!layerShown(layer)) continue;
         if (auto* featureLayer = dynamic_cast<TLFeatureLayer*>(layer)) {
             mLastRender.features += features.DrawFeatures(painter, featureLayer, area);

@@ -20,15 +20,15 @@ bool TLShellDocument::Open(const QString& path, QString& error) {
         error = ToQString(reason);
         return false;
     }
-    int top = 0;
+    int bottom = 0;
     for (const TLRefPtr<TLLayer>& layer : workspace->GetLayers()) {
         adoptSystem(layer.get());
-        // The workspace lists feature layers first: they keep their order on top of the map,
-        // and rasters go beneath everything, where they hide nothing.
+        // Feature layers go on top of the map in the workspace's order (its last on top), and
+        // rasters beneath everything, where they hide nothing.
         if (dynamic_cast<TLFeatureLayer*>(layer.get()))
-            mMap->InsertLayer(top++, layer.get(), true);
-        else
             mMap->InsertLayer(-1, layer.get(), true);
+        else
+            mMap->InsertLayer(bottom++, layer.get(), true);
     }
     for (const TLString& note : workspace->GetNotes()) mNotes << ToQString(note);
     mWorkspaces.push_back(std::move(workspace));

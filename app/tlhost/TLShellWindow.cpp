@@ -20,6 +20,7 @@
 #include "TLShellText.h"
 #include "TLShellToolTable.h"
 #include "TLToolPalette.h"
+#include "hostkit/TLGuardedApplication.h"
 #include "hostkit/TLHostBuddy.h"
 #include "hostkit/TLToolDispatcher.h"
 #include "tlmap/TLMapView.h"
@@ -64,6 +65,7 @@ TLShellWindow::TLShellWindow(QWidget* parent)
 }
 
 TLShellWindow::~TLShellWindow() {
+    TLGuardedApplication::SetFailureHandler(nullptr);
     // The tool lets go of its bands and the command line while the view is still there.
     mDispatcher->Deactivate();
     bindMapSignals(false);
@@ -162,6 +164,8 @@ void TLShellWindow::connectHost() {
                 .arg(QString::fromStdString(entry), QString::fromStdString(what)));
         mCanvas->RefreshAll();
     });
+    TLGuardedApplication::SetFailureHandler(
+        [this](const std::string& what) { mDispatcher->ReportFailure("a dialog", what); });
     bindMapSignals(true);
     connect(mCommands, &TLCommandWindow::lineEntered, this, &TLShellWindow::lineEntered);
     connect(mCanvas, &TLMapCanvas::textTyped, mCommands, &TLCommandWindow::Type);

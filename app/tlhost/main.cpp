@@ -19,6 +19,7 @@
 
 #include "TLCommandWindow.h"
 #include "TLShellWindow.h"
+#include "hostkit/TLGuardedApplication.h"
 #include "hostkit/TLModalAnswerer.h"
 #include "hostkit/TLPluginLoader.h"
 
@@ -37,7 +38,9 @@ QString demoPath() {
 }  // namespace
 
 int main(int argc, char** argv) {
-    QApplication app(argc, argv);
+    // A failure in a dialog's slot is reported on the command window, not the end of the
+    // program (the window points the application at its dispatcher).
+    TLGuardedApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("tlhost"));
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Desktop shell of the actionex map tools"));

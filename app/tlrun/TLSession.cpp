@@ -1,5 +1,6 @@
 #include "TLSession.h"
 
+#include "hostkit/TLGuardedApplication.h"
 #include "hostkit/TLToolTable.h"
 #include "tlmap/TLCMDPool.h"
 #include "tlmap/TLSnapTool.h"
@@ -30,12 +31,16 @@ bool TLSession::Start(const std::string& pluginPath, std::string& error) {
         mTranscript.Event("exception", entry + ": " + what);
         mCaught = entry + ": " + what;
     });
+    // What a dialog's slot throws is caught by the application and told as the dispatcher's.
+    TLGuardedApplication::SetFailureHandler(
+        [this](const std::string& what) { mDispatcher->ReportFailure("dialog", what); });
     mAnswerer.SetListener([this](const TLModalAnswerer::Record& record) {
         mTranscript.Dialog(record);
         if (!record.matched)
             SetTrouble("expected a button that fits the answer given, got none in \"" +
                        record.title + "\"");
     });
+    mAnswerer.SetStepListener([this](const std::string& problem) { SetTrouble(problem); });
     mAnswerer.Start();
     // Snapping starts off, as in a fresh desktop session; a script switches it on.
     TLSnapEnvironment::Instance()->setEnabled(false);
@@ -44,6 +49,7 @@ bool TLSession::Start(const std::string& pluginPath, std::string& error) {
 
 void TLSession::Stop() {
     mTranscript.Mute();
+    TLGuardedApplication::SetFailureHandler(nullptr);
     mAnswerer.Stop();
     mDispatcher.reset();
     if (mMap) {
@@ -105,10 +111,14 @@ void TLSession::listen(TLFeatureLayer* layer) {
 }
 
 void TLSession::AddWorkspace(std::unique_ptr<TMWorkspace> workspace) {
+    int bottom = 0;
     for (const auto& layer : workspace->GetLayers()) {
         if (!mMap->GetSpatialReference() && layer->GetSpatialReference())
             mMap->SetSpatialReference(layer->GetSpatialReference());
-        mMap->InsertLayer(-1, layer.get(), true);
+        // As in the desktop shell: feature layers go on top in the workspace's order, rasters
+        // beneath everything.
+        const bool features = dynamic_cast<TLFeatureLayer*>(layer.get()) != nullptr;
+        mMap->InsertLayer(features ? -1 : bottom++, layer.get(), true);
         if (auto* features = dynamic_cast<TLFeatureLayer*>(layer.get())) listen(features);
     }
     FitView();
@@ -128,8 +138,8 @@ void TLSession::AddLayer(TLFeatureLayer* layer) {
 
 const TLModalAnswerer::Record* TLSession::LastBox() const {
     const auto& records = mAnswerer.Records();
-    for (auto it = records.rbegin(); it != records.rend(); ++it)
-        if (it->kind == "message box") return &*it;
+    for (std::size_t i = records.size(); i > mRecordsBefore && i > 0; --i)
+        if (records[i - 1].kind == "message box") return &records[i - 1];
     return nullptr;
 }
 

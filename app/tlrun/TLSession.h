@@ -78,7 +78,10 @@ public:
     void SetTrouble(const std::string& trouble) {
         if (mTrouble.empty()) mTrouble = trouble;
     }
+    // The last message box shown since the action that began last (MarkEvent); null when that
+    // action showed none, so that a box of an earlier action is not taken for this one's.
     const TLModalAnswerer::Record* LastBox() const;
+    void MarkEvent() { mRecordsBefore = mAnswerer.Records().size(); }
     // The failure the dispatcher caught in the last event ("ENTRY: WHAT"), until a script
     // expects it. A script that goes on without expecting it stops there.
     const std::string& Caught() const { return mCaught; }
@@ -103,6 +106,7 @@ private:
     bool mViewChosen = false;
     std::string mTrouble;
     std::string mCaught;
+    std::size_t mRecordsBefore = 0;
 };
 
 }  // namespace TMObjects

@@ -5,6 +5,8 @@
 #include <map>
 
 #include "hostkit/TLDialogDriver.h"
+#include "hostkit/TLGuardedApplication.h"
+#include "hostkit/TLItemViewDriver.h"
 #include "tlmap/TLLayerEditBuffer.h"
 
 namespace TMObjects {
@@ -34,7 +36,7 @@ bool keyCode(const TLSessionCommand& c, int& code, std::string& error) {
 bool TLSessionActions::Knows(const std::string& verb) {
     static const char* const verbs[] = {"tool",     "deactivate", "move",   "down", "up",   "click",
                                         "dblclick", "key",        "type",   "undo", "redo", "save",
-                                        "set",      "dialog",     "answer", "file"};
+                                        "set",      "dialog",     "answer", "file", "param"};
     for (const char* known : verbs)
         if (verb == known) return true;
     return false;
@@ -42,6 +44,8 @@ bool TLSessionActions::Knows(const std::string& verb) {
 
 bool TLSessionActions::Run(const TLSessionCommand& c, std::string& error) {
     const std::string& v = c.verb;
+    // A message box counts for `expect box` only when the action about to run shows it.
+    if (!mSession.Dry() && v != "answer" && v != "file") mSession.MarkEvent();
     if (v == "tool") return tool(c, error);
     if (v == "deactivate") {
         if (!c.Expect(0, 0, "deactivate", error)) return false;
@@ -55,8 +59,12 @@ bool TLSessionActions::Run(const TLSessionCommand& c, std::string& error) {
     if (v == "undo" || v == "redo") return undo(c, error);
     if (v == "save") return save(c, error);
     if (v == "set") return set(c, error);
+    if (v == "dialog" && !c.words.empty() &&
+        (c.words[0] == "click-item" || c.words[0] == "click-cell"))
+        return dialogItem(c, error);
     if (v == "dialog") return dialog(c, error);
     if (v == "answer" || v == "file") return answer(c, error);
+    if (v == "param") return param(c, error);
     error = "unknown verb \"" + v + "\"";
     return false;
 }
@@ -213,6 +221,8 @@ bool TLSessionActions::set(const TLSessionCommand& c, std::string& error) {
 }
 
 bool TLSessionActions::dialog(const TLSessionCommand& c, std::string& error) {
+    if (!c.words.empty() && (c.words[0] == "edit" || c.words[0] == "item" || c.words[0] == "menu"))
+        return itemView(c, error);
     const char* usage = "dialog set OBJECT VALUE | dialog click OBJECT";
     const bool setting = !c.words.empty() && c.words[0] == "set";
     if (!c.Expect(2, 3, usage, error) || !c.Choice(0, "set|click", usage, error) ||
@@ -221,20 +231,49 @@ bool TLSessionActions::dialog(const TLSessionCommand& c, std::string& error) {
         return false;
     }
     if (mSession.Dry()) return true;
+    handWidget(c.words[1], setting ? "value" : "click", [&](QWidget* widget, std::string& refused) {
+        return setting ? TLDialogDriver::Set(widget, c.words[2], refused)
+                       : TLDialogDriver::Click(widget, refused);
+    });
+    return true;
+}
+
+bool TLSessionActions::dialogItem(const TLSessionCommand& c, std::string& error) {
+    const bool cell = c.words[0] == "click-cell";
+    const char* usage =
+        cell ? "dialog click-cell OBJECT ROW COLUMN" : "dialog click-item OBJECT \"ITEM\"";
+    int row = 0, column = 0;
+    if (!c.Expect(3, cell ? 4 : 1000, usage, error) ||
+        (cell &&
+         (c.words.size() != 4 || !c.Integer(2, row, error) || !c.Integer(3, column, error)))) {
+        if (error.empty()) error = std::string("usage: ") + usage;
+        return false;
+    }
+    if (mSession.Dry()) return true;
+    handWidget(c.words[1], "click", [&](QWidget* widget, std::string& refused) {
+        return cell ? TLItemViewDriver::ClickCell(widget, row, column, refused)
+                    : TLItemViewDriver::ClickItem(widget, c.Rest(2), refused);
+    });
+    return true;
+}
+
+void TLSessionActions::handWidget(const std::string& name, const char* what,
+                                  const std::function<bool(QWidget*, std::string&)>& act) {
     // A dialog that is not there is what the script did not expect: the session fails, as at an
     // expectation.
     std::string missing;
-    QWidget* widget = TLDialogDriver::Find(c.words[1], missing);
+    QWidget* widget = TLDialogDriver::Find(name, missing);
     if (!widget) {
-        mSession.SetTrouble("expected a widget \"" + c.words[1] + "\" on screen, got none");
-        return true;
+        mSession.SetTrouble("expected a widget \"" + name + "\" on screen, got none");
+        return;
     }
     std::string refused;
-    if (!(setting ? TLDialogDriver::Set(widget, c.words[2], refused)
-                  : TLDialogDriver::Click(widget, refused)))
-        mSession.SetTrouble("expected " + c.words[1] + " to take the " +
-                            (setting ? "value" : "click") + ", got: " + refused);
-    return true;
+    bool taken = true;
+    // The user's hand on the dialog: a failure in the slot it sets off is caught and reported
+    // as the toolkit's event loop would have it (TLGuardedApplication), not as a broken command.
+    TLGuardedApplication::Guard([&] { taken = act(widget, refused); });
+    if (!taken)
+        mSession.SetTrouble("expected " + name + " to take the " + what + ", got: " + refused);
 }
 
 bool TLSessionActions::answer(const TLSessionCommand& c, std::string& error) {
@@ -243,12 +282,70 @@ bool TLSessionActions::answer(const TLSessionCommand& c, std::string& error) {
         if (!mSession.Dry()) mSession.Answerer().Queue(mSession.Resolve(c.words[0]).string());
         return true;
     }
+    if (!c.words.empty() &&
+        (c.words[0] == "set" || c.words[0] == "click" || c.words[0] == "expect"))
+        return modalStep(c, error);
     if (!c.words.empty() && (c.words[0] == "choose" || c.words[0] == "value"))
         return answerWith(c, error);
     const char* usage = "answer ok|yes|no|cancel";
     if (!c.Expect(1, 1, usage, error) || !c.Choice(0, "ok|yes|no|cancel", usage, error))
         return false;
     if (!mSession.Dry()) mSession.Answerer().Queue(c.words[0]);
+    return true;
+}
+
+bool TLSessionActions::modalStep(const TLSessionCommand& c, std::string& error) {
+    const bool click = c.words[0] == "click";
+    const char* usage =
+        "answer set OBJECT VALUE | answer click OBJECT | answer expect OBJECT \"T\"";
+    if (c.words.size() != (click ? 2u : 3u)) {
+        error = std::string("usage: ") + usage;
+        return false;
+    }
+    if (!mSession.Dry())
+        mSession.Answerer().QueueStep(c.words[0], c.words[1], click ? "" : c.words[2]);
+    return true;
+}
+
+// The verbs that act on the items of a view: a cell edited through the delegate, an item
+// clicked, a context menu.
+bool TLSessionActions::itemView(const TLSessionCommand& c, std::string& error) {
+    const std::string& verb = c.words[0];
+    const std::size_t words = verb == "edit" ? 5 : verb == "menu" ? 4 : 3;
+    int row = 0, column = 0;
+    if (c.words.size() != words ||
+        (verb == "edit" && (!c.Integer(2, row, error) || !c.Integer(3, column, error)))) {
+        error =
+            "usage: dialog edit OBJECT ROW COLUMN TEXT | dialog item OBJECT TEXT | dialog menu "
+            "OBJECT ITEM ENTRY";
+        return false;
+    }
+    if (mSession.Dry()) return true;
+    std::string problem;
+    QWidget* widget = TLDialogDriver::Find(c.words[1], problem);
+    if (!widget) {
+        mSession.SetTrouble("expected a widget \"" + c.words[1] + "\" on screen, got none");
+        return true;
+    }
+    bool done = false;
+    if (verb == "edit") done = TLDialogDriver::EditCell(widget, row, column, c.words[4], problem);
+    if (verb == "item") done = TLDialogDriver::ClickItem(widget, c.words[2], problem);
+    if (verb == "menu") done = TLDialogDriver::ContextMenu(widget, c.words[2], c.words[3], problem);
+    if (!done)
+        mSession.SetTrouble("expected " + c.words[1] + " to take the " + verb +
+                            ", got: " + problem);
+    return true;
+}
+
+bool TLSessionActions::param(const TLSessionCommand& c, std::string& error) {
+    if (!c.Expect(2, 2, "param KEY VALUE", error)) return false;
+    if (mSession.Dry()) return true;
+    TLTool* tool = mSession.Dispatcher()->ActiveTool();
+    if (!tool) {
+        mSession.SetTrouble("expected a tool in use to take the parameter, got none");
+        return true;
+    }
+    tool->setParam(TLString(c.words[0]), TLString(c.words[1]));
     return true;
 }
 

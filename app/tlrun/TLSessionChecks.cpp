@@ -1,7 +1,11 @@
 #include "TLSessionChecks.h"
 
+#include "tlmap/TLAnnoStyleString.h"
+#include "tlmap/TLAnnotationLayer.h"
+
 #include <algorithm>
 
+#include "TLDialogChecks.h"
 #include "TLGeometryMatch.h"
 #include "hostkit/TLDialogDriver.h"
 #include "tlgeo/TLGeometryWkt.h"
@@ -38,7 +42,8 @@ bool TLSessionChecks::Run(const TLSessionCommand& c, std::string& failure, std::
         return text(c, failure, error);
     if (what == "count") return count(c, failure, error);
     if (what == "wkt" || what == "last") return wkt(c, failure, error);
-    if (what == "attr") return attr(c, failure, error);
+    if (what == "attr" || what == "stored-attr") return attr(c, failure, error);
+    if (what == "stored-record") return storedRecord(c, failure, error);
     if (what == "selected") return selected(c, failure, error);
     if (what == "result") return result(c, failure, error);
     if (what == "failure") return caught(c, failure, error);
@@ -50,6 +55,7 @@ bool TLSessionChecks::Run(const TLSessionCommand& c, std::string& failure, std::
     if (what == "stored-wkt") return storedWkt(c, failure, error);
     if (what == "save-error") return saveError(c, failure, error);
     if (what == "clip") return clip(c, failure, error);
+    if (TLDialogChecks::Knows(what)) return TLDialogChecks(mSession).Run(c, failure, error);
     error = "unknown expectation " + inQuotes(what);
     return false;
 }
@@ -136,18 +142,13 @@ bool TLSessionChecks::wkt(const TLSessionCommand& c, std::string& failure, std::
     return true;
 }
 
-bool TLSessionChecks::attr(const TLSessionCommand& c, std::string& failure, std::string& error) {
-    int id = 0;
-    if (!c.Expect(5, 1000, "expect attr NAME ID FIELD \"VALUE\"", error) ||
-        !c.Integer(2, id, error))
-        return false;
-    if (mSession.Dry()) return true;
-    TLFeatureLayer* found = layer(c.words[1], failure);
-    if (!found) return true;
-    const TLFeature* feature = found->GetDatasource()->PeekFeature(id);
+// The field of a feature of the table, as text, against the script's value.
+static void attrOf(const TLFeatureTable& table, const TLSessionCommand& c, int id,
+                   std::string& failure) {
+    const TLFeature* feature = table.PeekFeature(id);
     if (!feature) {
         failure = "expected a feature " + std::to_string(id) + " in " + c.words[1] + ", got none";
-        return true;
+        return;
     }
     const TLVariant v = feature->GetValue(TLString(c.words[3]));
     const std::string have = v.IsNull() ? "(null)" : v.ToString().toStdString();
@@ -155,6 +156,59 @@ bool TLSessionChecks::attr(const TLSessionCommand& c, std::string& failure, std:
     if (have != want)
         failure = "expected " + c.words[3] + " of " + c.words[1] + " " + std::to_string(id) +
                   " to be " + inQuotes(want) + ", got " + inQuotes(have);
+}
+
+bool TLSessionChecks::attr(const TLSessionCommand& c, std::string& failure, std::string& error) {
+    int id = 0;
+    const bool stored = c.words[0] == "stored-attr";
+    if (!c.Expect(5, 1000,
+                  stored ? "expect stored-attr NAME ID FIELD \"VALUE\""
+                         : "expect attr NAME ID FIELD \"VALUE\"",
+                  error) ||
+        !c.Integer(2, id, error))
+        return false;
+    if (mSession.Dry()) return true;
+    TLFeatureLayer* found = layer(c.words[1], failure);
+    if (!found) return true;
+    std::unique_ptr<TMWorkspace> workspace;
+    TLFeatureLayer* read = stored ? reread(found, workspace, failure) : found;
+    if (read) attrOf(*read->GetDatasource(), c, id, failure);
+    return true;
+}
+
+// The annotation as the data source holds it, read afresh into an annotation layer, is the one
+// the map holds: same field kind, reference scale and record.
+bool TLSessionChecks::storedRecord(const TLSessionCommand& c, std::string& failure,
+                                   std::string& error) {
+    int id = 0;
+    if (!c.Expect(3, 3, "expect stored-record NAME ID", error) || !c.Integer(2, id, error))
+        return false;
+    if (mSession.Dry()) return true;
+    auto* live = dynamic_cast<TLAnnotationLayer*>(layer(c.words[1], failure));
+    if (!live) {
+        if (failure.empty())
+            failure = "expected an annotation layer " + c.words[1] + ", got another";
+        return true;
+    }
+    std::unique_ptr<TMWorkspace> workspace;
+    auto* again = dynamic_cast<TLAnnotationLayer*>(reread(live, workspace, failure));
+    if (!failure.empty()) return true;
+    TLAnnotation held, stored;
+    if (!again)
+        failure = "expected " + c.words[1] + " to read back as an annotation layer, got another";
+    else if (again->annoFieldKind != live->annoFieldKind ||
+             again->GetReferenceScale() != live->GetReferenceScale() ||
+             again->GetAnnoGeoType() != live->GetAnnoGeoType())
+        failure = "expected the field kind, reference scale and geometry of " + c.words[1] +
+                  " to read back as they are";
+    else if (!live->ReadTextElement(id, held) || !again->ReadTextElement(id, stored))
+        failure = "expected annotation " + std::to_string(id) + " in " + c.words[1] +
+                  " and in its data source";
+    else if (!stored.SameAs(held))
+        failure = "expected annotation " + std::to_string(id) + " of " + c.words[1] +
+                  " to read back the same record, got \"" +
+                  TLAnnoStyleString::Pack(stored).toStdString() + "\" for \"" +
+                  TLAnnoStyleString::Pack(held).toStdString() + "\"";
     return true;
 }
 
@@ -222,7 +276,8 @@ bool TLSessionChecks::op(const TLSessionCommand& c, std::string& failure, std::s
 }
 
 bool TLSessionChecks::widget(const TLSessionCommand& c, std::string& failure, std::string& error) {
-    if (!c.Expect(3, 1000, "expect widget OBJECT \"TEXT\"", error)) return false;
+    if (TLDialogChecks(mSession).NumericWidget(c, failure, error)) return error.empty();
+    if (!c.Expect(3, 1000, "expect widget OBJECT \"TEXT\"|~VALUE TOL", error)) return false;
     if (mSession.Dry()) return true;
     const std::string want = c.Rest(2);
     std::string why;
@@ -311,7 +366,20 @@ bool TLSessionChecks::storedWkt(const TLSessionCommand& c, std::string& failure,
                   c.words[1] + ", got no such feature";
         return true;
     }
-    TLGeometryMatch::Matches(feature->GetGeometry().get(), c.words[3], tolerance, failure);
+    // The geometry as the file holds it, of the layer's own kind: a point saved into a layer
+    // of multipoints is a multipoint there. A database layer is compared as the host reads it.
+    auto* store = dynamic_cast<TLOgrFeatureStore*>(again->GetDatasource()->GetStore());
+    if (!store) {
+        TLGeometryMatch::Matches(feature->GetGeometry().get(), c.words[3], tolerance, failure);
+        return true;
+    }
+    std::string stored, why;
+    if (!store->StoredWkt(id, stored, why)) {
+        failure = "expected " + c.words[3] + " stored as feature " + c.words[2] + " of " +
+                  c.words[1] + ", got " + why;
+        return true;
+    }
+    TLGeometryMatch::MatchesText(stored, c.words[3], tolerance, failure);
     return true;
 }
 

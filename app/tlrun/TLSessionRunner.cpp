@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <exception>
 
+#include "TLEnvironmentSetup.h"
 #include "TLSession.h"
 #include "TLSessionActions.h"
 #include "TLSessionChecks.h"
@@ -26,6 +27,8 @@ bool TLSessionRunner::runCommand(TLSession& session, const TLSessionCommand& com
     try {
         if (command.verb == "expect") return TLSessionChecks(session).Run(command, failure, error);
         if (TLSessionSetup::Knows(command.verb)) return TLSessionSetup(session).Run(command, error);
+        if (TLEnvironmentSetup::Knows(command.verb))
+            return TLEnvironmentSetup(session).Run(command, error);
         if (TLSessionActions::Knows(command.verb))
             return TLSessionActions(session).Run(command, error);
         if (TLSessionStoreActions::Knows(command.verb))

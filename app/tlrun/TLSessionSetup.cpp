@@ -7,8 +7,11 @@
 #include "TLDemoData.h"
 #include "TLGeometryMatch.h"
 #include "tlgeo/TLGeometryWkt.h"
+#include "tlmap/TLAnnoMgrTool.h"
+#include "tlmap/TLAnnotationLayer.h"
 #include "tlmap/TLRasterLayer.h"
 #include "tlmap/TLSnapTool.h"
+#include "tmgis/TLOgrAnnotation.h"
 #include "tmgis/TLPgConnection.h"
 
 namespace TMObjects {
@@ -168,10 +171,11 @@ std::map<std::string, TLScriptLayers::Layer> demoLayers() {
 }  // namespace
 
 bool TLSessionSetup::Knows(const std::string& verb) {
-    static const char* const verbs[] = {"demo-data", "open",    "crs",      "view",      "layer",
-                                        "add",       "edit",    "readonly", "editable",  "current",
-                                        "hide",      "show",    "snap",     "tolerance", "select",
-                                        "modifiers", "partmode"};
+    static const char* const verbs[] = {"demo-data", "open",      "crs",    "view",
+                                        "layer",     "add",       "edit",   "readonly",
+                                        "editable",  "current",   "hide",   "show",
+                                        "snap",      "tolerance", "select", "modifiers",
+                                        "partmode",  "domain",    "alias",  "annotation-table"};
     for (const char* known : verbs)
         if (verb == known) return true;
     return false;
@@ -193,6 +197,8 @@ bool TLSessionSetup::Run(const TLSessionCommand& c, std::string& error) {
     if (v == "select") return select(c, error);
     if (v == "modifiers") return modifiers(c, error);
     if (v == "partmode") return partMode(c, error);
+    if (v == "domain" || v == "alias") return fieldDetail(c, error);
+    if (v == "annotation-table") return annotationTable(c, error);
     error = "unknown verb \"" + v + "\"";
     return false;
 }
@@ -293,25 +299,82 @@ bool TLSessionSetup::view(const TLSessionCommand& c, std::string& error) {
     return true;
 }
 
+// The options of an annotation layer: its family of fields, reference scale and geometry.
+struct AnnotationOptions {
+    int kind = 0;
+    double scale = TLAnnotationLayer::kDefaultReferenceScale;
+    int geometry = TLAnnotationLayer::AnnoGeoPolygon;
+};
+
+bool annotationOption(const TLSessionCommand& c, std::size_t i, AnnotationOptions& options,
+                      std::string& error) {
+    const std::string& word = c.words[i];
+    if (word == "kind") return c.Integer(i + 1, options.kind, error);
+    if (word == "refscale") {
+        if (!c.Number(i + 1, options.scale, error)) return false;
+        if (options.scale > 0) return true;
+        error = "a reference scale is above 0, not " + c.words[i + 1];
+        return false;
+    }
+    static const std::map<std::string, int> kinds{{"point", TLAnnotationLayer::AnnoGeoPoint},
+                                                  {"line", TLAnnotationLayer::AnnoGeoLine},
+                                                  {"polygon", TLAnnotationLayer::AnnoGeoPolygon}};
+    auto it = kinds.find(c.words[i + 1]);
+    if (it == kinds.end()) {
+        error = "an annotation's geometry is point, line or polygon, not " + c.words[i + 1];
+        return false;
+    }
+    options.geometry = it->second;
+    return true;
+}
+
+// The options after the layer's kind, from the word at `from` on: crs, fields, and for annotation
+// kind, refscale and geometry. The annotation's own fields join the known ones.
+bool layerOptions(const TLSessionCommand& c, std::size_t from, TLScriptLayers::Layer& known,
+                  TLRefPtr<TLCoordinateSystem>& system, AnnotationOptions& annotation,
+                  std::string& error) {
+    const bool annotated = known.kind == TLLayer::AnnotationLayer;
+    for (std::size_t i = from; i < c.words.size(); i += 2) {
+        const std::string& option = c.words[i];
+        const bool own = option == "kind" || option == "refscale" || option == "geometry";
+        if (i + 1 >= c.words.size() || (option != "crs" && option != "fields" && !own) ||
+            (own && !annotated)) {
+            error = "\"" + option + "\" is no option here";
+            return false;
+        }
+        if (own               ? !annotationOption(c, i, annotation, error)
+            : option == "crs" ? !systemOf(c.words[i + 1], system, error)
+                              : !fieldsOf(c.words[i + 1], known, error))
+            return false;
+    }
+    if (!annotated) return true;
+    TLFields all;
+    TLAnnoMgrTool::AddAnnotationFields(annotation.kind, all);
+    for (int i = 0; i < all.GetFieldCount(); ++i)
+        known.fields.emplace(all.GetField(i)->GetName().toStdString(),
+                             all.GetField(i)->GetFieldType());
+    return true;
+}
+
+TLFields fieldsOfKnown(const TLScriptLayers::Layer& known) {
+    TLFields fields;
+    for (const auto& [name, type] : known.fields) fields.AddField(TLString(name), type);
+    return fields;
+}
+
 bool TLSessionSetup::layer(const TLSessionCommand& c, std::string& error) {
     const char* usage =
-        "layer NAME point|line|polygon|annotation [crs EPSG:N] [fields A:int,B:double,...]";
+        "layer NAME point|line|polygon|annotation [crs EPSG:N] [fields A:int,B:double,...] "
+        "[kind N] [refscale S] [geometry point|line|polygon]";
     TLScriptLayers::Layer known;
     known.made = true;
     TLRefPtr<TLCoordinateSystem> system;
-    if (!c.Expect(2, 6, usage, error) || !kindOf(c.words[1], known.kind)) {
+    AnnotationOptions annotation;
+    if (!c.Expect(2, 12, usage, error) || !kindOf(c.words[1], known.kind)) {
         error = std::string("usage: ") + usage;
         return false;
     }
-    for (std::size_t i = 2; i < c.words.size(); i += 2) {
-        if (i + 1 >= c.words.size() || (c.words[i] != "crs" && c.words[i] != "fields")) {
-            error = std::string("usage: ") + usage;
-            return false;
-        }
-        if (c.words[i] == "crs" ? !systemOf(c.words[i + 1], system, error)
-                                : !fieldsOf(c.words[i + 1], known, error))
-            return false;
-    }
+    if (!layerOptions(c, 2, known, system, annotation, error)) return false;
     if (mSession.Dry()) {
         if (mSession.Known().Find(c.words[0])) {
             error = "the script has a layer \"" + c.words[0] + "\" already";
@@ -320,12 +383,61 @@ bool TLSessionSetup::layer(const TLSessionCommand& c, std::string& error) {
         mSession.Known().Add(c.words[0], known);
         return true;
     }
+    // The family's fields are added by the layer itself.
     TLFields fields;
-    for (const auto& [name, type] : known.fields) fields.AddField(TLString(name), type);
+    TLFields all = fieldsOfKnown(known);
+    TLFields family;
+    TLAnnoMgrTool::AddAnnotationFields(annotation.kind, family);
+    for (int i = 0; i < all.GetFieldCount(); ++i)
+        if (known.kind != TLLayer::AnnotationLayer ||
+            family.FindField(all.GetField(i)->GetName()) < 0)
+            fields.AddField(TLRefPtr<TLField>(all.GetField(i)));
     TLFeatureLayer* made =
-        TLFeatureLayer::CreateMemoryLayer(TLString(c.words[0]), known.kind, fields, system);
+        known.kind == TLLayer::AnnotationLayer
+            ? TLAnnotationLayer::CreateMemoryLayer(TLString(c.words[0]), fields, system,
+                                                   annotation.kind, annotation.scale,
+                                                   annotation.geometry)
+            : TLFeatureLayer::CreateMemoryLayer(TLString(c.words[0]), known.kind, fields, system);
     mSession.AddLayer(made);
     mSession.Transcript().Event("layer", describe(made));
+    return true;
+}
+
+// A new annotation table in a GeoPackage, to be opened afterwards.
+bool TLSessionSetup::annotationTable(const TLSessionCommand& c, std::string& error) {
+    const char* usage =
+        "annotation-table PATH NAME [crs EPSG:N] [fields A:int,...] [kind N] [refscale S] "
+        "[geometry point|line|polygon]";
+    TLScriptLayers::Layer known;
+    known.kind = TLLayer::AnnotationLayer;
+    TLRefPtr<TLCoordinateSystem> system;
+    AnnotationOptions annotation;
+    if (!c.Expect(2, 12, usage, error)) return false;
+    if (!layerOptions(c, 2, known, system, annotation, error)) return false;
+    const std::string path = mSession.Resolve(c.words[0]).string();
+    if (mSession.Dry()) {
+        std::map<std::string, TLScriptLayers::Layer> layers;
+        if (const auto* before = mSession.Known().Written(path)) layers = *before;
+        layers[c.words[1]] = known;
+        mSession.Known().WillWrite(path, layers);
+        return true;
+    }
+    TLFields extra;
+    TLFields family;
+    TLAnnoMgrTool::AddAnnotationFields(annotation.kind, family);
+    const TLFields all = fieldsOfKnown(known);
+    for (int i = 0; i < all.GetFieldCount(); ++i)
+        if (family.FindField(all.GetField(i)->GetName()) < 0)
+            extra.AddField(TLRefPtr<TLField>(all.GetField(i)));
+    TLString why;
+    if (!TLOgrAnnotation::CreateTable(TLString(path), TLString(c.words[1]), annotation.kind,
+                                      annotation.scale, annotation.geometry, extra, system.get(),
+                                      why)) {
+        error = why.toStdString();
+        return false;
+    }
+    mSession.Transcript().Event("data",
+                                "annotation table " + c.words[1] + " written to " + c.words[0]);
     return true;
 }
 
@@ -467,6 +579,44 @@ bool TLSessionSetup::partMode(const TLSessionCommand& c, std::string& error) {
         mSession.Buddy()->SetLinePartMode(mode);
     else
         mSession.Buddy()->SetPolygonPartMode(mode);
+    return true;
+}
+
+// A coded value domain or an alias of a field of a layer the script made.
+bool TLSessionSetup::fieldDetail(const TLSessionCommand& c, std::string& error) {
+    const bool domain = c.verb == "domain";
+    const char* usage = domain ? "domain NAME FIELD CODE=NAME,..." : "alias NAME FIELD TEXT";
+    if (!c.Expect(3, 3, usage, error)) return false;
+    const TLScriptLayers::Layer* known = mSession.Known().Find(c.words[0]);
+    if (!known || !known->made || !known->fields.count(c.words[1])) {
+        error = c.words[0] + " is no layer the script made with a field " + c.words[1];
+        return false;
+    }
+    if (mSession.Dry()) return true;
+    TLFeatureLayer* layer = mSession.FeatureLayer(c.words[0], error);
+    if (!layer) return false;
+    const TLFields& fields = layer->GetDatasource()->GetFields();
+    TLField* field = fields.GetField(fields.FindField(TLString(c.words[1])));
+    if (!domain) {
+        field->SetAliasName(TLString(c.words[2]));
+        return true;
+    }
+    const bool whole = field->GetFieldType() == TLField::FieldShort ||
+                       field->GetFieldType() == TLField::FieldInt ||
+                       field->GetFieldType() == TLField::FieldInt64;
+    TLRefPtr<TLDoMain> codes(new TLDoMain);
+    std::istringstream list(c.words[2]);
+    for (std::string item; std::getline(list, item, ',');) {
+        const std::size_t equals = item.find('=');
+        if (equals == std::string::npos) {
+            error = "\"" + item + "\" is no CODE=NAME";
+            return false;
+        }
+        const std::string code = item.substr(0, equals);
+        codes->Add(whole ? TLVariant::FromInt(std::stoll(code)) : TLVariant(TLString(code)),
+                   TLString(item.substr(equals + 1)));
+    }
+    field->SetDoMain(codes);
     return true;
 }
 

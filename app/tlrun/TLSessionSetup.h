@@ -19,8 +19,12 @@ namespace TMObjects {
 //                                  (0,0) is the top-left corner (XMIN,YMAX), so the two ratios
 //                                  of map units to pixels must agree
 //   layer NAME point|line|polygon|annotation [crs EPSG:N] [fields A:int,B:double,...]
+//         [kind N] [refscale S] [geometry point|line|polygon]
 //                                  a new layer in memory; field types short, int, int64, float,
-//                                  double, string, date
+//                                  double, string, date. An annotation layer also has the fields
+//                                  of its family (kind 1 Rv, 2 Tm, other both; see TLAnnoMgrTool),
+//                                  the reference scale 1:S (1000 unless given) and the geometry
+//                                  of its features (the text's box unless given)
 //   add NAME WKT [FIELD=VALUE ...]  a feature of a layer made by `layer`, as if it had been there
 //                                  all along: no edit, nothing to undo or save
 //   edit NAME|none                 the edit layer (and the current one), or none
@@ -32,6 +36,14 @@ namespace TMObjects {
 //   select NAME ID...              the layer's selection; "select none" clears every layer's
 //   modifiers none|shift|ctrl|shift+ctrl   the keys held from now on
 //   partmode line|polygon N        the part mode the host answers the line or polygon tool
+//   annotation-table PATH NAME [crs EPSG:N] [fields ...] [kind N] [refscale S] [geometry G]
+//                                  writes a new annotation table into a GeoPackage (made when
+//                                  missing), with the same options as `layer`; `open` then reads
+//                                  it as an annotation layer
+//   domain NAME FIELD CODE=NAME,...   a coded value domain of a field of a layer made by `layer`
+//   alias NAME FIELD TEXT          the alias of such a field
+// The host's options (selection mode, a layer's standing filter, the measuring settings) are set
+// by the commands of TLEnvironmentSetup.h.
 class TLSessionSetup {
 public:
     explicit TLSessionSetup(TLSession& session) : mSession(session) {}
@@ -55,6 +67,8 @@ private:
     bool select(const TLSessionCommand& c, std::string& error);
     bool modifiers(const TLSessionCommand& c, std::string& error);
     bool partMode(const TLSessionCommand& c, std::string& error);
+    bool fieldDetail(const TLSessionCommand& c, std::string& error);
+    bool annotationTable(const TLSessionCommand& c, std::string& error);
 
     TLSession& mSession;
 };

@@ -10,7 +10,8 @@
 // there, saying "FILE:LINE: expected ..., got ..." on the standard error; 2 the script or its
 // arguments are wrong ("FILE:LINE: ..."), found before any event ran and anything was written.
 
-#include <QApplication>
+#include <QSettings>
+#include <QTemporaryDir>
 #include <clocale>
 #include <cstdlib>
 #include <filesystem>
@@ -19,6 +20,7 @@
 #include "TLDemoData.h"
 #include "TLSessionRunner.h"
 #include "TLSessionScript.h"
+#include "hostkit/TLGuardedApplication.h"
 #include "hostkit/TLPluginLoader.h"
 
 namespace {
@@ -86,10 +88,20 @@ int main(int argc, char** argv) {
     // The toolkit takes options of its own from the command line ("-plugin" among them): it is
     // given the program's name only, and the arguments stay the runner's.
     int toolkitArgc = 1;
-    QApplication application(toolkitArgc, argv);
+    TMObjects::TLGuardedApplication application(toolkitArgc, argv);
     // The toolkit sets the locale from the environment; numbers in scripts, WKT and transcripts
     // are written with a point whatever the user's locale.
     std::setlocale(LC_NUMERIC, "C");
+    // Each session starts from settings of its own, empty, and leaves the user's alone: nothing
+    // a script expects depends on what was saved on the machine (`setting` sets what it needs).
+    QTemporaryDir settingsFolder;
+    if (!settingsFolder.isValid()) {
+        std::cerr << "tlrun: cannot make a settings folder for the session\n";
+        return 2;
+    }
+    for (QSettings::Format format : {QSettings::NativeFormat, QSettings::IniFormat})
+        for (QSettings::Scope scope : {QSettings::UserScope, QSettings::SystemScope})
+            QSettings::setPath(format, scope, settingsFolder.path());
     TMObjects::TLSessionScript script;
     std::string error;
     if (!script.Load(arguments.script, error)) {

@@ -2,7 +2,7 @@
 
 namespace TMObjects {
 
-// A size in whole cells: columns across, rows down.
+// A size in whole cells (columns across, rows down) or whole pixels (a text box).
 class TLSize {
 public:
     TLSize() = default;

@@ -53,7 +53,10 @@ bool TLEditor::CommitOperation(bool commit) {
     Step step = std::move(mOpen);
     mOpen = Step();
     const TLString label = step.label;
-    pushStep(std::move(step));
+    if (step.changes.empty())
+        mLastCommitted = label;
+    else
+        pushStep(std::move(step));
     tell([&](TLEditorListener* l) { l->OnOperationCommitted(label); });
     return true;
 }
@@ -102,6 +105,10 @@ void TLEditor::WatchFeature(TLFeatureTable* table, int id) {
     for (const Watch& w : mWatches)
         if (w.table.get() == table && w.id == id) return;  // the first state is the one to keep
     mWatches.push_back(Watch{TLRefPtr<TLFeatureTable>(table), id, *f});
+}
+
+void TLEditor::ReportRefusal(const TLString& why) {
+    tell([&](TLEditorListener* l) { l->OnWriteRefused(why); });
 }
 
 bool TLEditor::Undo() {

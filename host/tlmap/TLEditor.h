@@ -21,6 +21,9 @@ public:
     virtual void OnOperationAborted(const TLString& label) {}
     virtual void OnUndo(const TLString& label) {}
     virtual void OnRedo(const TLString& label) {}
+    // A write was refused and nothing was changed; `why` is a sentence for the user, which the
+    // host shows on the command window.
+    virtual void OnWriteRefused(const TLString& why) {}
 };
 
 // The map's single editor: the edit layer and an undo stack in which each
@@ -35,7 +38,9 @@ public:
 
     // Opens one undoable step. A start while a step is open nests into it: the outer label wins.
     int StartOperation(const TLString& label);
-    // Closes the step; a step without changes still counts, so undo shows every command.
+    // Closes the step. A step that changed nothing is not kept for undo (an undo that does
+    // nothing would only puzzle the user), but the listeners hear of it all the same and it
+    // becomes the last committed label.
     bool CommitOperation(bool commit);
     // Puts back every change of the open step and drops it.
     bool AbortOperation();
@@ -49,6 +54,9 @@ public:
     // A feature handed out with its geometry shared, to be changed in place: its present state is
     // kept, and whatever differs when the step ends (or before the next write to it) is recorded.
     void WatchFeature(TLFeatureTable* table, int id);
+    // Tells the listeners that a write was refused (a shape with a coordinate that is no
+    // number): the writer goes on, and the user reads why nothing appeared.
+    void ReportRefusal(const TLString& why);
 
     bool CanUndo() const { return mUndoCount > 0; }
     bool CanRedo() const { return mUndoCount < int(mSteps.size()); }

@@ -61,8 +61,14 @@ TLLayerEditBuffer::TLLayerEditBuffer(TLFeatureLayer* layer) : mLayer(layer) {}
 TLLayerEditBuffer::~TLLayerEditBuffer() = default;
 
 void TLLayerEditBuffer::AddFeature(TLFeature& feature, bool notify, bool) {
-    if (!finiteShape(feature.GetGeometry().get())) return;
+    if (!finiteShape(feature.GetGeometry().get())) {
+        refuseShape("added");
+        return;
+    }
     FlushOpened();
+    // A new feature never takes the id it carries: that one may have belonged to a feature
+    // deleted before, and undo, the store and the user would mix the two up.
+    feature.SetId(-1);
     const int id = table()->Insert(feature);
     feature.SetId(id);
     record(id, std::nullopt, "add feature");
@@ -78,7 +84,11 @@ void TLLayerEditBuffer::DeleteFeature(const int& id, bool notify, bool) {
 }
 
 void TLLayerEditBuffer::changeGeometry(const int& id, TLRefPtr<TLGeometry> geometry, bool notify) {
-    if (!geometry || !finiteShape(geometry.get())) return;
+    if (!geometry) return;
+    if (!finiteShape(geometry.get())) {
+        refuseShape("changed");
+        return;
+    }
     FlushOpened();
     std::optional<TLFeature> before = snapshot(table(), id);
     if (!before || !table()->SetGeometry(id, geometry)) return;
@@ -158,6 +168,13 @@ void TLLayerEditBuffer::record(int id, std::optional<TLFeature> before, const TL
     TLEditor* e = editor();
     if (!e) return;
     e->RecordChange(table(), id, std::move(before), snapshot(table(), id), label);
+}
+
+void TLLayerEditBuffer::refuseShape(const char* verb) {
+    if (TLEditor* e = editor())
+        e->ReportRefusal(TLString("No feature was ") + TLString(verb) + TLString(" in ") +
+                         mLayer->GetLayerName() +
+                         TLString(": the shape has a coordinate that is not a finite number."));
 }
 
 void TLLayerEditBuffer::changed(bool notify) {

@@ -43,12 +43,14 @@ public:
 
     // Appends the feature and writes the id it got back into it. `notify` tells the layer's
     // observers. Every write is recorded whatever `recordUndo` says: a write left out of a step
-    // would make undoing that step restore a layer that never existed. A shape with a coordinate
-    // that is no finite number is refused: the feature is not added and keeps its id.
+    // would make undoing that step restore a layer that never existed. The feature gets a fresh
+    // id, never the one it carried. A shape with a coordinate that is no finite number is
+    // refused: the feature is not added, keeps its id, and the editor's listeners hear why (the
+    // host shows it on the command window).
     void AddFeature(TLFeature& feature, bool notify, bool recordUndo);
     void DeleteFeature(const int& id, bool notify, bool recordUndo);
     // A null geometry is refused: it would silently wipe the feature's shape. So is one with a
-    // coordinate that is no finite number.
+    // coordinate that is no finite number, with word to the editor's listeners.
     void changeGeometry(const int& id, TLRefPtr<TLGeometry> geometry, bool notify);
     // False for an unknown feature or field, or a field the store keeps itself (id, geometry).
     bool ChangeAttribute(const int& id, const TLString& field, const TLVariant& value, bool notify);
@@ -73,6 +75,7 @@ private:
     TLEditor* editor() const;
     void record(int id, std::optional<TLFeature> before, const TLString& label);
     void changed(bool notify);
+    void refuseShape(const char* verb);
     TLFeatureLayer* mLayer;
     mutable std::map<int, std::unique_ptr<TLFeatureEditBuffer>> mActive;
     std::set<int> mOpened;

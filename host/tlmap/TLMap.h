@@ -14,8 +14,10 @@
 
 namespace TMObjects {
 
-// A map: its layers in drawing order (the first is drawn last, on top), its coordinate system
-// and its single editor.
+// A map: its layers in drawing order, its coordinate system and its single editor. The last layer
+// of the list is drawn last, on top, as in every GIS: whatever walks "from the top of the layer
+// stack down" walks the list from its end to its start, and a layer panel shows the last layer
+// in its first row.
 class TLMap : public TLRefBase {
 public:
     TLMap();
@@ -30,7 +32,7 @@ public:
     TLRefPtr<TLLayer> GetLayerByName(const TLString& name) const;
     std::vector<TLRefPtr<TLLayer>> GetLayers(bool all) const;
     int GetLayerCount() const { return int(mLayers.size()); }
-    // position -1 appends; 0 puts the layer on top.
+    // position -1 appends, so the layer goes on top; 0 puts it at the bottom.
     bool InsertLayer(int position, TLLayer* layer, bool notify);
     bool RemoveLayer(TLLayer* layer);
     // Keeps the drawing order stable; the order is the order of insertion positions.

@@ -17,6 +17,10 @@ namespace TMObjects {
 class TLFeature : public virtual TLRefBase {
 public:
     TLFeature() = default;
+    // A new feature that carries `id` until a layer takes it in. The edit buffer gives every
+    // feature it adds an id of its own, one the layer never had, whatever the feature carried:
+    // so `TLFeature(1)` never lands on feature 1.
+    explicit TLFeature(int id) : mId(id) {}
     TLFeature(const TLFeature& other);
     TLFeature& operator=(const TLFeature& other);
     TLFeature(TLFeature&& other) noexcept;

@@ -151,6 +151,10 @@ void TLFeatureTable::Load(TLFeature feature) {
     indexInsert(id, mFeatures[id]);
 }
 
+void TLFeatureTable::ReserveIdsBelow(int id) {
+    mNextId = std::max(mNextId, id);
+}
+
 int TLFeatureTable::Insert(const TLFeature& feature) {
     int id = feature.GetId();
     // A store shared by several editors numbers new features itself, so that no two editors
@@ -159,7 +163,7 @@ int TLFeatureTable::Insert(const TLFeature& feature) {
     const int given = shared ? shared->NewId() : -1;
     if (given >= 0 && !HasFeature(given))
         id = given;
-    else if (id < 0 || HasFeature(id))
+    else if (id < 0 || HasFeature(id) || mRetired.count(id) != 0)
         id = mNextId;
     keep(id);
     TLFeature& stored = mFeatures[id] = normalised(feature);
@@ -176,6 +180,7 @@ bool TLFeatureTable::Delete(int id) {
     if (it == mFeatures.end()) return false;
     keep(id);
     mFeatures.erase(it);
+    mRetired.insert(id);
     mLent.erase(id);
     indexRemove(id);
     weigh(id);
@@ -216,6 +221,7 @@ void TLFeatureTable::Restore(int id, const std::optional<TLFeature>& feature) {
     }
     const bool existed = it != mFeatures.end();
     keep(id);
+    mRetired.erase(id);
     TLFeature& stored = mFeatures[id] = *feature;
     stored.SetId(id);
     stored.SetFields(mFields);
@@ -265,6 +271,9 @@ std::vector<TLFeatureChange> TLFeatureTable::PendingChanges() const {
 
 bool TLFeatureTable::Save(TLString& error) {
     error = TLString();
+    // A geometry lent out may have been changed in place inside a step that is still open: what
+    // the user sees is what is saved.
+    for (int id : mLent) weigh(id);
     const std::vector<TLFeatureChange> changes = PendingChanges();
     // On failure the changes stay pending, so that the user can try again or undo.
     if (mStore && !changes.empty() && !mStore->Commit(*this, changes, error)) return false;

@@ -46,7 +46,12 @@ public:
     TLRefPtr<TLFeature> GetFeature(int id) const;
     const TLFeature* PeekFeature(int id) const;
     std::vector<int> GetIds() const;  // ascending
+    // The id the next new feature gets. Ids only grow: one that a feature had is never given
+    // again, in this session or, through the store's own count, after a save and a new start.
     int NextId() const { return mNextId; }
+    // Raises the next id (never lowers it): a store that remembers ids of features deleted
+    // before tells it on loading.
+    void ReserveIdsBelow(int id);
 
     // Ids of the features that pass the filter, ascending. The spatial part goes through the
     // index; the where clause is then evaluated on the candidates. The relation reads "filter
@@ -61,8 +66,8 @@ public:
     // Loading from a store: no change is tracked and no listener is told.
     void Load(TLFeature feature);
 
-    // Edits. Insert takes the feature's id when it is free and >= 0, else gives the next one;
-    // it returns the id. Values are coerced to the fields' types; unknown names are ignored.
+    // Edits. Insert takes the feature's id if >= 0 and never held by a feature of the table, else
+    // the next id; it returns the id. Values are coerced to the fields' types, unknown names go.
     int Insert(const TLFeature& feature);
     bool Delete(int id);
     bool SetGeometry(int id, TLRefPtr<TLGeometry> geometry);
@@ -116,6 +121,8 @@ private:
     // Ids whose geometry was handed out and may still be changed in place through it.
     std::set<int> mLent;
     int mNextId = 1;
+    // Ids below mNextId whose feature was deleted: never given again, not even on request.
+    std::set<int> mRetired;
     mutable std::unique_ptr<TLSpatialIndex> mIndex;  // built on first use, then kept up to date
     std::vector<TLFeatureTableListener*> mListeners;
 };

@@ -2,8 +2,13 @@
 
 namespace TMObjects {
 
+// A string field declared without a width (a GeoPackage TEXT) holds text of any length, and says so
+// with the largest length there is.
 TLField::TLField(const TLString& name, FieldType type, int length, int precision)
-    : mName(name), mType(type), mLength(length), mPrecision(precision) {}
+    : mName(name),
+      mType(type),
+      mLength(type == FieldString && length <= 0 ? 2147483647 : length),
+      mPrecision(precision) {}
 
 TLVariant TLField::Coerce(const TLVariant& value) const {
     if (value.IsNull()) return value;

@@ -80,6 +80,31 @@ long long TLOgrFeatureStore::StoredId(int id) const {
     return it == mStoredIds.end() ? id : it->second;
 }
 
+bool TLOgrFeatureStore::StoredWkt(int id, std::string& wkt, std::string& error) const {
+    TLGdalCall gdal;
+    const std::string path = mPath.toStdString();
+    GDALDatasetUniquePtr dataset(
+        GDALDataset::Open(path.c_str(), GDAL_OF_VECTOR | GDAL_OF_READONLY));
+    OGRLayer* layer = dataset ? dataset->GetLayerByName(mLayerName.toStdString().c_str()) : nullptr;
+    std::unique_ptr<OGRFeature> feature(layer ? layer->GetFeature(StoredId(id)) : nullptr);
+    if (!feature) {
+        error = "no feature " + std::to_string(id) + " in " + path;
+        return false;
+    }
+    const OGRGeometry* geometry = feature->GetGeometryRef();
+    if (!geometry) {
+        wkt.clear();
+        return true;
+    }
+    OGRWktOptions options;
+    options.variant = wkbVariantIso;
+    OGRErr failed = OGRERR_NONE;
+    wkt = geometry->exportToWkt(options, &failed);
+    if (failed != OGRERR_NONE)
+        error = "the geometry of feature " + std::to_string(id) + " has no text";
+    return failed == OGRERR_NONE;
+}
+
 bool TLOgrFeatureStore::Commit(const TLFeatureTable& table,
                                const std::vector<TLFeatureChange>& changes, TLString& error) {
     TLGdalCall gdal;
@@ -217,7 +242,11 @@ bool TLOgrFeatureStore::commitByRewrite(const TLFeatureTable& table,
         for (int i = 0; written && i < old->GetLayerDefn()->GetFieldCount(); ++i)
             written = target->CreateField(old->GetLayerDefn()->GetFieldDefn(i)) == OGRERR_NONE;
         if (!written) why = gdal.Reason("cannot make the new copy");
-        if (written) written = writeAll(table, changed, created, *old, *target, ids, why);
+        // A Shapefile's line and polygon layers take shapes of several parts though they say
+        // single.
+        const bool singleMeansSingle = driver != "ESRI Shapefile";
+        if (written)
+            written = writeAll(table, changed, created, *old, *target, singleMeansSingle, ids, why);
         if (written) {
             copy.reset();  // closing writes the files out
             if (gdal.HasFailures()) {
@@ -249,7 +278,8 @@ bool TLOgrFeatureStore::commitByRewrite(const TLFeatureTable& table,
 
 bool TLOgrFeatureStore::writeAll(const TLFeatureTable& table, const std::set<int>& changed,
                                  const std::set<int>& created, OGRLayer& source, OGRLayer& target,
-                                 std::map<int, long long>& ids, std::string& why) {
+                                 bool singleMeansSingle, std::map<int, long long>& ids,
+                                 std::string& why) {
     TLGdalCall gdal;
     for (int id : table.GetIds()) {
         OGRFeature feature(target.GetLayerDefn());
@@ -263,7 +293,8 @@ bool TLOgrFeatureStore::writeAll(const TLFeatureTable& table, const std::set<int
         }
         feature.SetFID(id);
         if (changed.count(id) &&
-            !TLOgrValues::Apply(*table.PeekFeature(id), feature, target.GetGeomType(), why)) {
+            !TLOgrValues::Apply(*table.PeekFeature(id), feature, target.GetGeomType(), why,
+                                singleMeansSingle)) {
             why = "feature " + std::to_string(id) + ": " + why;
             return false;
         }

@@ -34,6 +34,10 @@ public:
     // The store's id of a table's feature: the same number, unless the store numbers features
     // itself (a Shapefile renumbers them when it is rewritten).
     long long StoredId(int id) const;
+    // The geometry of a table's feature as the data source holds it now, as ISO WKT of the
+    // layer's own kind (a point saved into a multipoint layer reads MULTIPOINT). False with the
+    // reason when there is no such feature or no data source.
+    bool StoredWkt(int id, std::string& wkt, std::string& error) const;
 
     bool Commit(const TLFeatureTable& table, const std::vector<TLFeatureChange>& changes,
                 TLString& error) override;
@@ -54,7 +58,7 @@ private:
     // with the table's changes laid over, new ones from the table.
     bool writeAll(const TLFeatureTable& table, const std::set<int>& changed,
                   const std::set<int>& created, OGRLayer& source, OGRLayer& target,
-                  std::map<int, long long>& ids, std::string& why);
+                  bool singleMeansSingle, std::map<int, long long>& ids, std::string& why);
     TLString failure(int id, const std::string& why) const;
 
     TLString mPath;

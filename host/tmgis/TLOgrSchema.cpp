@@ -1,6 +1,10 @@
 #include "tmgis/TLOgrSchema.h"
 
+#include <gdal_priv.h>
 #include <ogrsf_frmts.h>
+
+#include <cstdlib>
+#include <string>
 
 namespace TMObjects {
 
@@ -80,7 +84,29 @@ TLLayer::LayerType TLOgrSchema::LayerKind(OGRwkbGeometryType type) {
     }
 }
 
-TLFields TLOgrSchema::Fields(OGRLayer& layer) {
+namespace {
+
+// The coded value domain of the field in the dataset; empty for none. Range and glob domains name
+// no values to pick and are left to the store.
+TLRefPtr<TLDoMain> domainOf(const OGRFieldDefn& field, GDALDataset* dataset) {
+    const OGRFieldDomain* domain = dataset && !field.GetDomainName().empty()
+                                       ? dataset->GetFieldDomain(field.GetDomainName())
+                                       : nullptr;
+    auto* coded = dynamic_cast<const OGRCodedFieldDomain*>(domain);
+    if (!coded) return TLRefPtr<TLDoMain>();
+    TLRefPtr<TLDoMain> made(new TLDoMain);
+    const bool whole = field.GetType() == OFTInteger || field.GetType() == OFTInteger64;
+    for (const OGRCodedValue* v = coded->GetEnumeration(); v && v->pszCode; ++v) {
+        TLVariant code = TLVariant(TLString(v->pszCode));
+        if (whole) code = TLVariant::FromInt(std::strtoll(v->pszCode, nullptr, 10));
+        made->Add(code, TLString(v->pszValue ? v->pszValue : v->pszCode));
+    }
+    return made;
+}
+
+}  // namespace
+
+TLFields TLOgrSchema::Fields(OGRLayer& layer, GDALDataset* dataset) {
     TLFields fields;
     const std::string fid = layer.GetFIDColumn();
     if (!fid.empty()) fields.AddField(TLString(fid), TLField::FieldOID);
@@ -91,8 +117,12 @@ TLFields TLOgrSchema::Fields(OGRLayer& layer) {
         const OGRFieldDefn* field = definition->GetFieldDefn(i);
         TLField::FieldType type;
         if (!FieldType(*field, type)) continue;
-        fields.AddField(TLString(field->GetNameRef()), type, field->GetWidth(),
-                        field->GetPrecision());
+        TLRefPtr<TLField> made(new TLField(TLString(field->GetNameRef()), type, field->GetWidth(),
+                                           field->GetPrecision()));
+        if (field->GetAlternativeNameRef() && *field->GetAlternativeNameRef())
+            made->SetAliasName(TLString(field->GetAlternativeNameRef()));
+        made->SetDoMain(domainOf(*field, dataset));
+        fields.AddField(made);
     }
     return fields;
 }

@@ -5,6 +5,7 @@
 #include "tlmap/TLLayer.h"
 #include "tlsde/TLField.h"
 
+class GDALDataset;
 class OGRFieldDefn;
 class OGRLayer;
 
@@ -24,8 +25,9 @@ public:
     // multi forms; anything else (collections, no geometry) is of no kind a tool edits.
     static TLLayer::LayerType LayerKind(OGRwkbGeometryType type);
     // The id column (when the format names one) as the id field, the geometry column (likewise),
-    // then every field with a host type, in the layer's order.
-    static TLFields Fields(OGRLayer& layer);
+    // then every field with a host type, in the layer's order, with its alias and, when the
+    // dataset is given, its domain (coded values, or a range).
+    static TLFields Fields(OGRLayer& layer, GDALDataset* dataset = nullptr);
 };
 
 }  // namespace TMObjects

@@ -39,23 +39,58 @@ std::string isoDate(const OGRFeature& feature, int index, bool withTime) {
     return iso;
 }
 
-bool sameFamily(OGRwkbGeometryType a, OGRwkbGeometryType b) {
-    auto family = [](OGRwkbGeometryType t) {
-        switch (t) {
-            case wkbPoint:
-            case wkbMultiPoint:
-                return 1;
-            case wkbLineString:
-            case wkbMultiLineString:
-                return 2;
-            case wkbPolygon:
-            case wkbMultiPolygon:
-                return 3;
-            default:
-                return 0;
-        }
-    };
-    return family(a) != 0 && family(a) == family(b);
+int family(OGRwkbGeometryType t) {
+    switch (wkbFlatten(t)) {
+        case wkbPoint:
+        case wkbMultiPoint:
+            return 1;
+        case wkbLineString:
+        case wkbMultiLineString:
+            return 2;
+        case wkbPolygon:
+        case wkbMultiPolygon:
+            return 3;
+        default:
+            return 0;
+    }
+}
+
+const char* familyName(OGRwkbGeometryType t) {
+    switch (family(t)) {
+        case 1:
+            return "point";
+        case 2:
+            return "line";
+        case 3:
+            return "polygon";
+        default:
+            return OGRGeometryTypeToName(t);
+    }
+}
+
+bool isSinglePart(OGRwkbGeometryType t) {
+    const OGRwkbGeometryType flat = wkbFlatten(t);
+    return flat == wkbPoint || flat == wkbLineString || flat == wkbPolygon;
+}
+
+// Why the layer cannot hold the geometry; empty when it can.
+std::string refusal(const OGRGeometry& geometry, OGRwkbGeometryType layerType,
+                    bool singleMeansSingle) {
+    const OGRwkbGeometryType flat = wkbFlatten(layerType);
+    const OGRwkbGeometryType kind = wkbFlatten(geometry.getGeometryType());
+    // Layers of any geometry, and of curves, which the host only reads as their linear shape,
+    // are left to the format.
+    if (family(flat) == 0) return std::string();
+    if (family(kind) != family(flat))
+        return std::string("a ") + familyName(kind) + " cannot be stored in a layer of " +
+               OGRGeometryTypeToName(flat) + " geometries";
+    if (geometry.IsEmpty()) return std::string("an empty ") + familyName(kind) + " shows nothing";
+    if (!singleMeansSingle || !isSinglePart(flat) || isSinglePart(kind)) return std::string();
+    const int parts = geometry.toGeometryCollection()->getNumGeometries();
+    if (parts <= 1) return std::string();
+    return std::string("a ") + familyName(kind) + " of " + std::to_string(parts) +
+           " parts cannot be stored in a layer of single " + OGRGeometryTypeToName(flat) +
+           " geometries";
 }
 
 std::string wkbOf(const OGRGeometry* geometry) {
@@ -140,7 +175,7 @@ TLRefPtr<TLGeometry> TLOgrValues::ReadGeometry(const OGRGeometry* geometry) {
 
 std::unique_ptr<OGRGeometry> TLOgrValues::MakeGeometry(TLGeometry* geometry,
                                                        OGRwkbGeometryType layerType,
-                                                       std::string& error) {
+                                                       std::string& error, bool singleMeansSingle) {
     const std::string wkb = TLGeometryWkt::ToWkb(geometry);
     OGRGeometry* raw = nullptr;
     if (wkb.empty() || OGRGeometryFactory::createFromWkb(wkb.data(), nullptr, &raw, wkb.size(),
@@ -149,10 +184,15 @@ std::unique_ptr<OGRGeometry> TLOgrValues::MakeGeometry(TLGeometry* geometry,
         return nullptr;
     }
     std::unique_ptr<OGRGeometry> made(raw);
+    error = refusal(*made, layerType, singleMeansSingle);
+    if (!error.empty()) return nullptr;
     const OGRwkbGeometryType flat = wkbFlatten(layerType);
-    if (flat == wkbUnknown) return made;
-    if (flat != wkbFlatten(made->getGeometryType()) &&
-        sameFamily(flat, wkbFlatten(made->getGeometryType())))
+    if (flat == wkbUnknown || flat == wkbGeometryCollection) return made;
+    // A multi-part shape that a Shapefile's single-part layer takes stays as it is: forcing it
+    // would merge its parts into one.
+    const bool severalParts = !isSinglePart(made->getGeometryType()) &&
+                              made->toGeometryCollection()->getNumGeometries() > 1;
+    if (flat != wkbFlatten(made->getGeometryType()) && !(isSinglePart(flat) && severalParts))
         made.reset(OGRGeometryFactory::forceTo(made.release(), flat));
     if (!made) {
         error = "the geometry cannot be made a geometry of the layer's type";
@@ -187,7 +227,7 @@ TLFeature TLOgrValues::ReadFeature(const OGRFeature& feature, const TLFields& fi
 }
 
 bool TLOgrValues::Apply(const TLFeature& feature, OGRFeature& target, OGRwkbGeometryType layerType,
-                        std::string& error) {
+                        std::string& error, bool singleMeansSingle) {
     for (const auto& [name, value] : feature.Values()) {
         const int index = target.GetFieldIndex(name.toStdString().c_str());
         // The id and geometry columns, and names the layer does not have, are not fields here.
@@ -201,7 +241,7 @@ bool TLOgrValues::Apply(const TLFeature& feature, OGRFeature& target, OGRwkbGeom
     if (!geometry) return true;
     if (target.GetGeometryRef() && wkbOf(target.GetGeometryRef()) == TLGeometryWkt::ToWkb(geometry))
         return true;
-    std::unique_ptr<OGRGeometry> made = MakeGeometry(geometry, layerType, error);
+    std::unique_ptr<OGRGeometry> made = MakeGeometry(geometry, layerType, error, singleMeansSingle);
     if (!made) return false;
     target.SetGeometryDirectly(made.release());
     return true;

@@ -29,12 +29,17 @@ public:
     // The host's geometry; curves come as their linear approximation. Null for a geometry the
     // host cannot hold (a collection that mixes dimensions).
     static TLRefPtr<TLGeometry> ReadGeometry(const OGRGeometry* geometry);
-    // An OGR geometry conformed to the layer's type where the kinds agree (a polygon for a
-    // multipolygon layer becomes a multipolygon; Z is added or dropped as the layer has it). A
-    // geometry of another kind stays as it is, for the format to take or refuse.
+    // An OGR geometry conformed to the layer's type (a polygon for a multipolygon layer becomes a
+    // multipolygon; Z is added or dropped as the layer has it). A geometry the layer cannot hold
+    // is refused with the reason, so that no store is left with a shape its readers do not
+    // expect: one of another kind (a point for a polygon layer, a polygon for a line layer), or,
+    // with `singleMeansSingle`, one of several parts for a layer of single parts. Formats whose
+    // single-part layers take several parts (a Shapefile's) pass false. A layer of any geometry
+    // takes everything.
     static std::unique_ptr<OGRGeometry> MakeGeometry(TLGeometry* geometry,
                                                      OGRwkbGeometryType layerType,
-                                                     std::string& error);
+                                                     std::string& error,
+                                                     bool singleMeansSingle = true);
 
     // The host's feature: the OGR id as id, the values of the table's fields (the id field
     // carries the id), the geometry. `geometryLost` tells a geometry the host could not read.
@@ -45,7 +50,7 @@ public:
     // kept as stored while the user did not change it. A null geometry leaves the stored one
     // alone: the host never clears a geometry, and one it could not read must survive.
     static bool Apply(const TLFeature& feature, OGRFeature& target, OGRwkbGeometryType layerType,
-                      std::string& error);
+                      std::string& error, bool singleMeansSingle = true);
 };
 
 }  // namespace TMObjects

@@ -379,7 +379,10 @@ bool TLPgFeatureStore::Commit(const TLFeatureTable& table,
         return false;
     }
     auto fail = [&](const std::string& text) {
-        disconnect();  // the server rolls back what the transaction wrote
+        // Rolled back in so many words: a change the host refused before the server saw it
+        // leaves the transaction healthy, and closing the connection would commit it.
+        dataset->RollbackTransaction();
+        disconnect();
         error = TLString("Saving \"" + mTable.layer + "\" failed: " + text +
                          ". The table was left as it was, and every edit is kept.");
         return false;

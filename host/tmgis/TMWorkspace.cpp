@@ -11,6 +11,7 @@
 #include "tmgis/TLGdalCall.h"
 #include "tmgis/TLGdalRasterDataset.h"
 #include "tmgis/TLGdalReference.h"
+#include "tmgis/TLOgrAnnotation.h"
 #include "tmgis/TLOgrFeatureStore.h"
 #include "tmgis/TLOgrSchema.h"
 #include "tmgis/TLOgrValues.h"
@@ -88,9 +89,29 @@ void TMWorkspace::readVectors(GDALDataset& dataset, bool editable) {
             continue;
         }
         TLRefPtr<TLFeatureLayer> featureLayer =
-            readVector(*layer, storePathOf(dataset, *layer), editable);
-        if (featureLayer) mLayers.push_back(TLRefPtr<TLLayer>(featureLayer.get()));
+            readVector(dataset, *layer, storePathOf(dataset, *layer), editable);
+        if (!featureLayer) continue;
+        const long long highest = highestIdEver(dataset, *layer);
+        if (highest > 0 && highest < INT_MAX)
+            featureLayer->GetDatasource()->ReserveIdsBelow(int(highest) + 1);
+        mLayers.push_back(TLRefPtr<TLLayer>(featureLayer.get()));
     }
+}
+
+long long TMWorkspace::highestIdEver(GDALDataset& dataset, OGRLayer& layer) {
+    if (std::string(dataset.GetDriver()->GetDescription()) != "GPKG") return 0;
+    TLGdalCall quiet;  // a file without AUTOINCREMENT tables has no sqlite_sequence
+    std::string name = layer.GetName();
+    for (std::size_t at = name.find('\''); at != std::string::npos; at = name.find('\'', at + 2))
+        name.insert(at, 1, '\'');
+    OGRLayer* result = dataset.ExecuteSQL(
+        ("SELECT seq FROM sqlite_sequence WHERE name = '" + name + "'").c_str(), nullptr, nullptr);
+    if (!result) return 0;
+    long long highest = 0;
+    if (std::unique_ptr<OGRFeature> row{result->GetNextFeature()})
+        highest = row->GetFieldAsInteger64(0);
+    dataset.ReleaseResultSet(result);
+    return highest;
 }
 
 TLString TMWorkspace::storePathOf(GDALDataset& dataset, OGRLayer& layer) const {
@@ -101,10 +122,10 @@ TLString TMWorkspace::storePathOf(GDALDataset& dataset, OGRLayer& layer) const {
     return mPath;
 }
 
-TLRefPtr<TLFeatureLayer> TMWorkspace::readVector(OGRLayer& layer, const TLString& storePath,
-                                                 bool editable) {
+TLRefPtr<TLFeatureLayer> TMWorkspace::readVector(GDALDataset& dataset, OGRLayer& layer,
+                                                 const TLString& storePath, bool editable) {
     const TLString name(std::string(layer.GetName()));
-    const TLFields fields = TLOgrSchema::Fields(layer);
+    const TLFields fields = TLOgrSchema::Fields(layer, &dataset);
     TLRefPtr<TLFeatureTable> table(
         new TLFeatureTable(name, fields, std::make_unique<TLOgrFeatureStore>(storePath, name)));
     int lost = 0;
@@ -126,11 +147,22 @@ TLRefPtr<TLFeatureLayer> TMWorkspace::readVector(OGRLayer& layer, const TLString
                                   " geometries the host cannot hold "
                                   "are shown without shape and kept "
                                   "as stored"));
-    TLRefPtr<TLFeatureLayer> featureLayer(
-        new TLFeatureLayer(name, TLOgrSchema::LayerKind(layer.GetGeomType()), table,
-                           TLSystemOfGdalReference(layer.GetSpatialRef())));
+    TLRefPtr<TLFeatureLayer> featureLayer(makeLayer(layer, name, table));
     featureLayer->SetEditable(editable);
     return featureLayer;
+}
+
+// An annotation table becomes an annotation layer with its settings; any other a feature layer of
+// its geometry's kind.
+TLFeatureLayer* TMWorkspace::makeLayer(OGRLayer& layer, const TLString& name,
+                                       TLRefPtr<TLFeatureTable> table) const {
+    int kind = 0, geometry = 0;
+    double scale = 0;
+    if (TLOgrAnnotation::Describe(layer, kind, scale, geometry))
+        return new TLAnnotationLayer(name, table, TLSystemOfGdalReference(layer.GetSpatialRef()),
+                                     kind, scale, geometry);
+    return new TLFeatureLayer(name, TLOgrSchema::LayerKind(layer.GetGeomType()), table,
+                              TLSystemOfGdalReference(layer.GetSpatialRef()));
 }
 
 void TMWorkspace::readRasters(GDALDataset& dataset) {

@@ -38,7 +38,13 @@ private:
     // The path of one layer's own data source: a folder of Shapefiles is a data source of many
     // layers in a format without transactions, but each of its layers can be saved alone.
     TLString storePathOf(GDALDataset& dataset, OGRLayer& layer) const;
-    TLRefPtr<TLFeatureLayer> readVector(OGRLayer& layer, const TLString& storePath, bool editable);
+    TLRefPtr<TLFeatureLayer> readVector(GDALDataset& dataset, OGRLayer& layer,
+                                        const TLString& storePath, bool editable);
+    TLFeatureLayer* makeLayer(OGRLayer& layer, const TLString& name,
+                              TLRefPtr<TLFeatureTable> table) const;
+    // The highest id the layer's table ever gave out, deleted rows included, where the format
+    // keeps that count (a GeoPackage's sqlite_sequence); 0 where it does not.
+    static long long highestIdEver(GDALDataset& dataset, OGRLayer& layer);
     void readRasters(GDALDataset& dataset);
     void addRaster(GDALDataset& dataset, const TLString& name, const TLString& source);
 

@@ -213,7 +213,6 @@ void TLCmdDigitizeCircle::showPreview(const TLPoint& cursor) {
 
 bool TLCmdDigitizeCircle::OnDblClick(TLMouseButton, int, int) {
     if (!mBuddy) return false;
-    Curve::FollowEditLayer(editor, layer);
     if (!Steps::CanEdit(editor, layer)) return false;
     Reset();
     if (!Steps::IsPolygonLayer(layer) || !rubberBand) return true;

@@ -185,7 +185,6 @@ void TLCmdDigitizeRing::showCircle(TLRubberBand* band, const std::vector<TLPoint
 
 bool TLCmdDigitizeRing::OnDblClick(TLMouseButton, int, int) {
     if (!mBuddy) return false;
-    Curve::FollowEditLayer(editor, layer);
     if (!CanEdit() || !Steps::IsPolygonLayer(layer)) return false;
     // Only the command window starts over: a ring under way keeps its step.
     Steps::Message(mBuddy, kDrawn);
@@ -197,7 +196,6 @@ bool TLCmdDigitizeRing::OnDblClick(TLMouseButton, int, int) {
 
 bool TLCmdDigitizeRing::processChildCmd(TLString text) {
     if (!mBuddy) return false;
-    // A ring typed into a layer of another kind is refused as well as one without a layer.
     if (!Curve::TypedLineAllowed(mBuddy, editor, layer) || !rubberBand || !secondBand) return false;
     if (text.isEmpty()) return false;
     switch (step) {

@@ -55,7 +55,12 @@ bool TLCurveCommandSteps::PressAllowed(TLToolBuddy* buddy, const TLEditor* edito
 
 bool TLCurveCommandSteps::TypedLineAllowed(TLToolBuddy* buddy, const TLEditor* editor,
                                            TLFeatureLayer*& layer) {
-    return TypedLineAllowed(buddy, editor, layer, TLLayer::PolygonLayer);
+    if (!buddy) return false;
+    // The kind of the layer is not asked: a typed shape goes into whatever layer is being
+    // edited, and the store refuses at saving what the layer cannot hold.
+    if (Steps::CanEdit(editor, layer)) return true;
+    refuseLayer(buddy);
+    return false;
 }
 
 bool TLCurveCommandSteps::CanDrawOn(const TLFeatureLayer* layer) {
@@ -65,9 +70,7 @@ bool TLCurveCommandSteps::CanDrawOn(const TLFeatureLayer* layer) {
 bool TLCurveCommandSteps::PressAllowed(TLToolBuddy* buddy, const TLEditor* editor,
                                        TLFeatureLayer*& layer, TLLayer::LayerType kind,
                                        const char* refusal) {
-    if (!buddy) return false;
-    FollowEditLayer(editor, layer);
-    if (!Steps::CanEdit(editor, layer)) return false;
+    if (!buddy || !Steps::CanEdit(editor, layer)) return false;
     if (layer->GetLayerType() == kind) return true;
     Steps::Message(buddy, refusal);
     Steps::Prompt(buddy, "Layer error");
@@ -77,9 +80,6 @@ bool TLCurveCommandSteps::PressAllowed(TLToolBuddy* buddy, const TLEditor* edito
 bool TLCurveCommandSteps::TypedLineAllowed(TLToolBuddy* buddy, const TLEditor* editor,
                                            TLFeatureLayer*& layer, TLLayer::LayerType kind) {
     if (!buddy) return false;
-    FollowEditLayer(editor, layer);
-    // A layer of another kind is refused here too: a typed shape would otherwise land in a
-    // layer that cannot hold it.
     if (Steps::CanEdit(editor, layer) && layer->GetLayerType() == kind) return true;
     refuseLayer(buddy);
     return false;

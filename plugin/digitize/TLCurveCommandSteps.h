@@ -27,21 +27,23 @@ public:
     static void Announce(TLToolBuddy* buddy, const TLFeatureLayer* layer, const char* commandLine,
                          const char* menu);
 
-    // The editor's edit layer as it is now: the user may have switched or closed it since the
-    // last event, and a layer taken out of the map must not be written to.
+    // The editor's edit layer as it is now. The curve commands take it on activate and again on
+    // every pointer move, and nowhere else: a press, a double click or a typed line acts on the
+    // layer the last move found.
     static void FollowEditLayer(const TLEditor* editor, TLFeatureLayer*& layer);
-    // Whether a press may act, on the edit layer as it is now. A layer that cannot be edited is
-    // passed over in silence; a layer of another kind is refused on the command window.
+    // Whether a press may act on the layer. A layer that cannot be edited is passed over in
+    // silence; a layer of another kind is refused on the command window.
     static bool PressAllowed(TLToolBuddy* buddy, const TLEditor* editor, TLFeatureLayer*& layer);
-    // Whether a typed line may act, on the edit layer as it is now; any layer that cannot take a
-    // polygon is refused.
+    // Whether a typed line may act on the layer: only a missing or uneditable layer is refused.
+    // A layer of another kind takes the typed shape, and the store refuses it at saving.
     static bool TypedLineAllowed(TLToolBuddy* buddy, const TLEditor* editor,
                                  TLFeatureLayer*& layer);
     // Whether the pointer may draw a preview on the layer.
     static bool CanDrawOn(const TLFeatureLayer* layer);
 
-    // The same three guards for a command that draws into layers of `kind`: a press on another
-    // kind is refused with `refusal`, a typed line with the polygon wording all curves share.
+    // The same three guards for a command that draws into layers of `kind` (the arc): a press on
+    // another kind is refused with `refusal`, a typed line with the polygon wording all curves
+    // share.
     static bool PressAllowed(TLToolBuddy* buddy, const TLEditor* editor, TLFeatureLayer*& layer,
                              TLLayer::LayerType kind, const char* refusal);
     static bool TypedLineAllowed(TLToolBuddy* buddy, const TLEditor* editor, TLFeatureLayer*& layer,

@@ -39,8 +39,8 @@ namespace TMObjects {
 //   clicked segment;
 // - kDrawsSnapOnClick: the snap marker is drawn again on a press; kCachesDrawnLine: after every
 //   other vertex the lines under way become snap targets;
-// - kQuietDoubleClick: a double click drops a line of one vertex before anything else and
-//   refuses a layer without a word;
+// - kQuietDoubleClick: a double click drops a line of one vertex before anything else, and
+//   refuses, without a word, only a point layer (a pair finished on a polygon layer goes in);
 // - kRegisteredName, kCommandLine (said on activation and after each finished pair) and
 //   kDoubleClickLine (said after a pair finished by a double click, with the width).
 template <class Tool>
@@ -116,7 +116,6 @@ public:
 
     bool mouseDown(TLMouseButton button, int x, int y) {
         if (!t.mBuddy) return false;
-        followEditLayer();
         if (!Steps::CanEdit(t.editor, t.layer)) return false;
         const double tolerance = t.ToMapTolerance(1.0);
         if (!isLineLayer()) {
@@ -185,17 +184,20 @@ public:
             return false;
         }
         if (!t.mBuddy) return false;
-        followEditLayer();
         if (!Steps::CanEdit(t.editor, t.layer)) return false;
-        if (!isLineLayer()) {
+        if (Tool::kQuietDoubleClick ? t.layer->GetLayerType() == TLLayer::PointLayer
+                                    : !isLineLayer()) {
             if (!Tool::kQuietDoubleClick) refuseLayer();
             return false;
         }
-        // A line needs two vertices; with fewer the double click only drops what there is.
-        if (t.pointCount < 2 || !hasBands()) {
+        if (t.pointCount == 1) {
             t.Reset();
             return false;
         }
+        if (!hasBands()) return false;
+        // Without a vertex the pair is written all the same: an empty line, and a line of the
+        // end vertex alone. The store refuses the empty one when it is saved; the command does
+        // not ask.
         // The end vertex as the last click placed it, at the width of that moment.
         addOffsetVertex(t.offsetEnd);
         finish();
@@ -211,7 +213,6 @@ public:
 
     bool typed(const TLString& text) {
         if (!t.mBuddy) return false;
-        followEditLayer();
         if (!Steps::CanEdit(t.editor, t.layer) || !isLineLayer()) {
             refuseLayer();
             return false;
@@ -297,11 +298,6 @@ private:
 
     // ---- layer ----
 
-    // The edit layer as it is now: the user may have switched or closed it since the last
-    // event, and a layer taken out of the map must not be written to.
-    void followEditLayer() {
-        if (t.editor) t.layer = dynamic_cast<TLFeatureLayer*>(t.editor->edit_layer());
-    }
     bool isLineLayer() const { return t.layer->GetLayerType() == TLLayer::LineLayer; }
     void refuseLayer() {
         Steps::Message(t.mBuddy, kWrongLayer);

@@ -85,9 +85,10 @@ bool TLToolShieldSelection::OnMouseDown(TLMouseButton button, int x, int y) {
     TLMapView* view = mapView();
     if (!view) return false;
     if (button != TLLeftButton) return true;
-    // The first layer of the map lies on top: the pick goes from the top of the stack down.
-    for (const TLRefPtr<TLLayer>& each : view->GetMap()->GetLayers(true)) {
-        auto* layer = dynamic_cast<TLFeatureLayer*>(each.get());
+    // The last layer of the map lies on top: the pick goes from the top of the stack down.
+    const std::vector<TLRefPtr<TLLayer>> layers = view->GetMap()->GetLayers(true);
+    for (auto it = layers.rbegin(); it != layers.rend(); ++it) {
+        auto* layer = dynamic_cast<TLFeatureLayer*>(it->get());
         if (usable(layer) && pickOn(layer, x, y)) break;
     }
     return true;

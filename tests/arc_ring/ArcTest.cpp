@@ -217,6 +217,8 @@ TEST_F(ArcCommand, RefusesOtherLayerKindsWithItsOwnWordings) {
     // A locked line layer: presses say nothing, typing is refused.
     edit(roads);
     roads->SetEditable(false);
+    // The command takes the edit layer anew when the pointer moves.
+    dispatcher->MouseMove(TLNoButton, 100, 100);
     buddy->ClearEvents();
     EXPECT_FALSE(dispatcher->MouseDown(TLLeftButton, 100, 100));
     EXPECT_TRUE(buddy->Events().empty());

@@ -176,9 +176,13 @@ TEST_F(RingCommand, RefusesOtherLayersWithItsOwnWordings) {
     EXPECT_FALSE(dispatcher->MouseDown(TLLeftButton, 100, 100));
     EXPECT_EQ(messages(), Texts{withoutA});
     EXPECT_EQ(prompts(), Texts{"Layer error"});
-    // Typing is refused in the usual wording, also on a line layer that is open.
+    // Typing goes on on an open line layer: only a locked one is refused, in the usual wording.
     buddy->ClearEvents();
-    EXPECT_FALSE(type("10"));
+    EXPECT_TRUE(type("10"));
+    EXPECT_EQ(prompts(), Texts{"Specify outer ring radius:"});
+    roads->SetEditable(false);
+    buddy->ClearEvents();
+    EXPECT_FALSE(type("20"));
     EXPECT_EQ(messages(),
               Texts{"The current layer is not a polygon layer. Please select the polygon layer "
                     "editor!"});
@@ -188,6 +192,8 @@ TEST_F(RingCommand, RefusesOtherLayersWithItsOwnWordings) {
     // A locked polygon layer: presses say nothing.
     edit(parcels);
     parcels->SetEditable(false);
+    // The ring takes the edit layer anew when the pointer moves.
+    dispatcher->MouseMove(TLNoButton, 100, 100);
     buddy->ClearEvents();
     EXPECT_FALSE(dispatcher->MouseDown(TLLeftButton, 100, 100));
     EXPECT_TRUE(buddy->Events().empty());

@@ -174,11 +174,16 @@ TEST_F(Circle, PointsOnOneLevelMakeNoUsableCircleAndNoError) {
     type("0,0");
     type("10,0");
     type("5,5");
-    EXPECT_EQ(messages(), (Texts{kPointError, kDrawn}));
+    // The host keeps no shape whose coordinates are no numbers, and says so.
+    EXPECT_EQ(messages(),
+              (Texts{kPointError,
+                     "No feature was added in parcels: the shape has a coordinate that is not a "
+                     "finite number.",
+                     kDrawn}));
     EXPECT_EQ(prompt(), kMenu);
     EXPECT_FALSE(map->editor()->IsOperationOpen());
-    // The host keeps no shape whose coordinates are no numbers.
     EXPECT_EQ(featureCount(), 0);
+    EXPECT_EQ(map->editor()->UndoCount(), 0);
 }
 
 TEST_F(Circle, AMenuNumberTypedAfterAClickChangesTheMode) {

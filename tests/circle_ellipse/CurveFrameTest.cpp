@@ -82,15 +82,17 @@ TEST_P(CurveFrame, RefusesOtherLayerKindsAndLockedLayers) {
     EXPECT_FALSE(dispatcher->MouseDown(TLLeftButton, 100, 100));
     EXPECT_EQ(messages(), Texts{kNotPolygon});
     EXPECT_EQ(prompts(), Texts{"Layer error"});
-    // Typed shapes are refused on it too: they would be polygons in a line layer.
+    // A typed line is taken all the same: only a press asks the kind of the layer, and the
+    // store refuses at saving a shape the layer cannot hold.
     buddy->ClearEvents();
-    EXPECT_FALSE(type("1"));
-    EXPECT_EQ(messages(), Texts{kNotPolygon});
-    EXPECT_EQ(prompts(), Texts{"Layer error"});
+    EXPECT_TRUE(type("1"));
+    EXPECT_TRUE(messages().empty());
+    EXPECT_NE(prompts(), Texts{"Layer error"});
 
     buddy->ClearEvents();
     roads->SetEditable(false);
     EXPECT_FALSE(type("1"));
+    EXPECT_EQ(messages(), Texts{kNotPolygon});
     EXPECT_EQ(prompts(), Texts{"Layer error"});
     buddy->ClearEvents();
     EXPECT_FALSE(dispatcher->MouseDown(TLLeftButton, 100, 100));
@@ -122,8 +124,10 @@ TEST_P(CurveFrame, FollowsTheEditLayerAndLeavesWithoutOne) {
     TLFeatureLayer* lots = addLayer("lots", TLLayer::PolygonLayer);
     pick(command.className);
 
-    // Switched to another polygon layer between events, the shape goes there.
+    // Switched to another polygon layer, the shape goes there once the pointer has moved: the
+    // command takes the edit layer on activation and at each move only.
     edit(lots);
+    move(100, 100);
     type("2");
     // A diameter's second end or the axis lengths, as the command takes them.
     type("100,100");
@@ -131,8 +135,17 @@ TEST_P(CurveFrame, FollowsTheEditLayerAndLeavesWithoutOne) {
     EXPECT_EQ(lots->GetDatasource()->GetFeatureCount(), 1);
     EXPECT_EQ(featureCount(), 0);
 
+    // Without a move, the layer taken last stays.
+    edit(parcels);
+    type("2");
+    type("100,100");
+    type("20,10");
+    EXPECT_EQ(lots->GetDatasource()->GetFeatureCount(), 2);
+    EXPECT_EQ(featureCount(), 0);
+
     // With no edit layer left a press does nothing and a typed line is refused.
     edit(nullptr);
+    move(100, 100);
     buddy->ClearEvents();
     EXPECT_FALSE(dispatcher->MouseDown(TLLeftButton, 100, 100));
     EXPECT_TRUE(buddy->Events().empty());

@@ -131,6 +131,8 @@ TEST_P(DoubleLineFrame, RefusesOtherLayerKindsAndLockedLayers) {
     // A locked line layer: presses say nothing, typed lines are refused.
     edit(roads);
     roads->SetEditable(false);
+    // The command takes the edit layer anew when the pointer moves.
+    dispatcher->MouseMove(TLNoButton, 100, 100);
     buddy->ClearEvents();
     EXPECT_FALSE(dispatcher->MouseDown(TLLeftButton, 100, 100));
     EXPECT_TRUE(buddy->Events().empty());

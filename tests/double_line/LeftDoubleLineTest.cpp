@@ -128,6 +128,15 @@ TEST_F(LeftDoubleLine, ADoubleClickOnTheFirstVertexDropsIt) {
     EXPECT_EQ(featureCount(), 0);
 }
 
+// With no vertex at all the pair is written as it stands: an empty line, and the end vertex of
+// the last pair alone. The store refuses the empty one at saving.
+TEST_F(LeftDoubleLine, ADoubleClickWithoutAVertexWritesWhatThereIs) {
+    EXPECT_TRUE(doubleClick(100, 100));
+    EXPECT_EQ(featureCount(), 2);
+    EXPECT_EQ(undoSteps(), 1);
+    EXPECT_EQ(messages().back(), "Command: left parallel line, width(m):10");
+}
+
 // "U" takes the last vertex and its corner back and shows the preview to the pointer again,
 // cornered from the last vertex that stays.
 TEST_F(LeftDoubleLine, GiveUpTakesTheLastVertexBack) {

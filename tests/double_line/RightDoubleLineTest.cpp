@@ -78,27 +78,43 @@ TEST_F(RightDoubleLine, ClicksSnapToTheLinesUnderWay) {
     TLSnapEnvironment::Instance()->setEnabled(false);
 }
 
-// A double click refuses quietly: on a line of one vertex, which it drops before anything else,
-// and on a layer of another kind, where the line under way waits.
-TEST_F(RightDoubleLine, DoubleClickRefusesWithoutAWord) {
+// A double click drops a line of one vertex before anything else, and refuses, without a word,
+// only a point layer: on a polygon layer it writes the pair there, for the store to refuse.
+TEST_F(RightDoubleLine, DoubleClickDropsOneVertexAndRefusesOnlyAPointLayer) {
     click(100, 100);
     buddy->ClearEvents();
     EXPECT_FALSE(doubleClick(100, 100));
     EXPECT_TRUE(buddy->Events().empty());
     EXPECT_TRUE(nothingShown());
 
+    TLFeatureLayer* wells = addLayer("wells", TLLayer::PointLayer, "EPSG:32631");
     click(100, 100);
     click(300, 100);
-    TLFeatureLayer* parcels = addLayer("parcels", TLLayer::PolygonLayer, "EPSG:32631");
-    edit(parcels);
+    edit(wells);
+    // The layer is taken anew by a move only.
+    move(300, 100);
     buddy->ClearEvents();
     EXPECT_FALSE(doubleClick(300, 100));
     EXPECT_TRUE(buddy->Events().empty());
-    EXPECT_EQ(parcels->GetDatasource()->GetFeatureCount(), 0);
+    EXPECT_EQ(wells->GetDatasource()->GetFeatureCount(), 0);
 
-    edit(roads);
+    TLFeatureLayer* parcels = addLayer("parcels", TLLayer::PolygonLayer, "EPSG:32631");
+    edit(parcels);
+    move(300, 100);
+    EXPECT_TRUE(doubleClick(300, 100));
+    EXPECT_EQ(parcels->GetDatasource()->GetFeatureCount(), 2);
+    EXPECT_EQ(roads->GetDatasource()->GetFeatureCount(), 0);
+}
+
+// Without a move the edit layer stays the one the command took last.
+TEST_F(RightDoubleLine, ALayerSwitchedWithoutAMoveIsNotSeen) {
+    click(100, 100);
+    click(300, 100);
+    TLFeatureLayer* wells = addLayer("wells", TLLayer::PointLayer, "EPSG:32631");
+    edit(wells);
     EXPECT_TRUE(doubleClick(300, 100));
     expectPaths(committedPair(), {{{100, 100}, {300, 100}}, {{100, 110}, {300, 110}}});
+    EXPECT_EQ(wells->GetDatasource()->GetFeatureCount(), 0);
 }
 
 }  // namespace

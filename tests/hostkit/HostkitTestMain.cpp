@@ -1,13 +1,14 @@
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <cstdlib>
 
+#include "hostkit/TLGuardedApplication.h"
+
 // The host kit's dialog helpers work on real toolkit widgets, so the tests run inside an
-// application on the offscreen platform.
+// application on the offscreen platform: the guarded one both programs run.
 int main(int argc, char** argv) {
     setenv("QT_QPA_PLATFORM", "offscreen", 0);
-    QApplication application(argc, argv);
+    TMObjects::TLGuardedApplication application(argc, argv);
     ::testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }

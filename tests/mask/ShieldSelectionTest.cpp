@@ -157,8 +157,9 @@ TEST_F(ShieldSelectionTest, ClickSelectsShiftClickCyclesAndAClickOnTheSelectionM
 }
 
 TEST_F(ShieldSelectionTest, PicksFromTheTopLayerDownAndIgnoresEmptySpotsAndOtherButtons) {
-    TLFeatureLayer* upper = addLayer("upper", TLLayer::PolygonLayer);
+    // The layer added last lies on top.
     TLFeatureLayer* lower = addLayer("lower", TLLayer::PolygonLayer);
+    TLFeatureLayer* upper = addLayer("upper", TLLayer::PolygonLayer);
     const int top = addSquare(upper, 100, 100, 300, 300);
     const int under = addSquare(lower, 100, 100, 500, 500);
     pick("TLToolShieldSelection");

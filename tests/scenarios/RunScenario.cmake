@@ -6,7 +6,8 @@
 #   # data: FILE       a demo GeoPackage written at FILE in the working folder before the run
 #   # untouched: FILE  FILE must be byte for byte what it was before the run
 #   # arguments: FILE  data named after the script on tlrun's command line, in the working folder
-# Called by ctest with TLRUN, SCRIPT and WORKDIR.
+#   # plugin: faulty   the faulty test plugin (FAULTY_PLUGIN) is loaded instead of the real one
+# Called by ctest with TLRUN, SCRIPT, WORKDIR and FAULTY_PLUGIN.
 file(REMOVE_RECURSE ${WORKDIR})
 file(MAKE_DIRECTORY ${WORKDIR})
 
@@ -33,7 +34,13 @@ foreach(line ${named})
   list(APPEND arguments ${WORKDIR}/${file})
 endforeach()
 
-execute_process(COMMAND ${TLRUN} --workdir ${WORKDIR} ${SCRIPT} ${arguments}
+set(plugin)
+file(STRINGS ${SCRIPT} faulty REGEX "^# plugin: faulty$")
+if(faulty)
+  set(plugin --plugin ${FAULTY_PLUGIN})
+endif()
+
+execute_process(COMMAND ${TLRUN} ${plugin} --workdir ${WORKDIR} ${SCRIPT} ${arguments}
   RESULT_VARIABLE status OUTPUT_VARIABLE transcript ERROR_VARIABLE errors)
 message("${transcript}")
 if(errors)

@@ -14,6 +14,7 @@
 #include "TLCommandWindow.h"
 #include "TLLayerPanel.h"
 #include "TLMapCanvas.h"
+#include "TLShellText.h"
 #include "TLShellToolTable.h"
 #include "TLToolPalette.h"
 #include "hostkit/TLHostBuddy.h"
@@ -146,11 +147,15 @@ private Q_SLOTS:
         TLMap* map = window->Document()->Map();
         TLFeatureLayer* scratch = TLFeatureLayer::CreateMemoryLayer(
             "MeasurePointLayer", TLLayer::PointLayer, TLFields(), map->GetSpatialReference());
+        // Position 0 is the bottom of the map, which the panel shows in its last row.
         map->InsertLayer(0, scratch, true);
         TLLayerPanel* panel = window->Layers();
         QCOMPARE(panel->topLevelItemCount(), 4);
-        QCOMPARE(panel->topLevelItem(0)->text(TLLayerPanel::NameColumn),
+        QCOMPARE(panel->topLevelItem(3)->text(TLLayerPanel::NameColumn),
                  QString("MeasurePointLayer"));
+        // The layer on top of the map, its last, is the panel's first row.
+        QCOMPARE(panel->topLevelItem(0)->text(TLLayerPanel::NameColumn),
+                 ToQString(map->GetLayers(true).back()->GetLayerName()));
         map->SetCurrentLayer(layer("roads"));
         QCOMPARE(panel->currentItem(), panel->ItemOf(layer("roads")));
         map->RemoveLayer(scratch);

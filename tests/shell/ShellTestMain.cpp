@@ -6,6 +6,7 @@
 #include <iostream>
 
 #include "ShellFixture.h"
+#include "hostkit/TLGuardedApplication.h"
 #include "hostkit/TLPluginLoader.h"
 
 using namespace TMObjects;
@@ -13,7 +14,8 @@ using namespace TMObjects;
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM",
             qgetenv("QT_QPA_PLATFORM").isEmpty() ? "offscreen" : qgetenv("QT_QPA_PLATFORM"));
-    QApplication app(argc, argv);
+    // The application the desktop runs: a dialog's failing slot is reported, not fatal.
+    TLGuardedApplication app(argc, argv);
     TLPluginLoader loader;
     if (!loader.Load(TLPluginLoader::DefaultPluginPath())) {
         std::cerr << "plugin: " << loader.Error() << "\n";

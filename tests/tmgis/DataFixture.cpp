@@ -189,6 +189,12 @@ TLFeatureTable& DataFixture::tableOf(TMWorkspace& workspace, const char* layer) 
     return *featureLayer->GetDatasource();
 }
 
+TLFeature DataFixture::featureWith(const char* wkt) {
+    TLFeature feature;
+    feature.SetGeometry(geometry(wkt));
+    return feature;
+}
+
 TLRefPtr<TLGeometry> DataFixture::geometry(const char* wkt) {
     return TLGeometryWkt::FromWkt(wkt);
 }

@@ -42,6 +42,8 @@ protected:
     std::unique_ptr<TMWorkspace> open(const std::string& path, bool editable = true);
     static TLFeatureTable& tableOf(TMWorkspace& workspace, const char* layer);
     static TLRefPtr<TLGeometry> geometry(const char* wkt);
+    // A feature of that shape and nothing else, as a tool makes one.
+    static TLFeature featureWith(const char* wkt);
     static std::string wktOf(const TLFeature* feature);
 
 private:

@@ -14,11 +14,6 @@ namespace {
 
 class OgrFeatureStore : public DataFixture {
 protected:
-    static TLFeature featureWith(const char* wkt) {
-        TLFeature feature;
-        feature.SetGeometry(geometry(wkt));
-        return feature;
-    }
     static TLVariant text(const char* value) { return TLVariant(TLString(value)); }
     static bool save(TLFeatureTable& table, std::string& error) {
         TLString why;
