@@ -1,8 +1,7 @@
 # Plays the demo sessions (SESSIONS/*.tls, in name order) on the demo data in PostGIS, each going
 # on from what the one before saved, as RunDemo.cmake plays them on the GeoPackage: every
 # "open demo.gpkg" opens one fresh database made from "tl_demo" (LoadDemo.cmake) instead. Called
-# by ctest with TLRUN, SESSIONS, WORKDIR, STATE (the server's connection file), PSQL and LAST,
-# the number of the last session played.
+# by ctest with TLRUN, SESSIONS, WORKDIR, STATE (the server's connection file) and PSQL.
 file(STRINGS ${STATE} server LIMIT_COUNT 1)
 if(NOT server MATCHES "^PG:")
   message(FATAL_ERROR "no PostGIS server: ${STATE} was not written (see postgis.start)")
@@ -23,10 +22,6 @@ file(REMOVE_RECURSE ${rewritten})
 file(GLOB sessions ${SESSIONS}/*.tls)
 foreach(session ${sessions})
   get_filename_component(name ${session} NAME)
-  # Sessions after LAST ("09") are left out.
-  if(DEFINED LAST AND name STRGREATER "${LAST}~")
-    continue()
-  endif()
   file(READ ${session} text)
   string(REGEX REPLACE "(^|\n)open demo\\.gpkg" "\\1open \"PG:${server} dbname=${database}\""
     text "${text}")
