@@ -23,6 +23,10 @@ file(GLOB sessions ${SESSIONS}/*.tls)
 foreach(session ${sessions})
   get_filename_component(name ${session} NAME)
   file(READ ${session} text)
+  # Annotation tables are made in GeoPackages only: the session that adds one is not played here.
+  if(text MATCHES "(^|\n)annotation-table ")
+    continue()
+  endif()
   string(REGEX REPLACE "(^|\n)open demo\\.gpkg" "\\1open \"PG:${server} dbname=${database}\""
     text "${text}")
   # A refusal is said in the server's words.
@@ -34,6 +38,11 @@ foreach(session ${sessions})
   file(WRITE ${rewritten}/${name} "${text}")
 endforeach()
 set(SESSIONS ${rewritten})
+# Session 03 adds a road by mistake and undoes it. The database's sequence never gives that id
+# again (other editors may have seen it), while a GeoPackage opened afresh gives the next road the
+# id that was never stored. So that both replays name the same roads, the sequence is set back to
+# the highest stored id after that session, as an administrator may do.
+set(AFTER_SESSION ${CMAKE_CURRENT_LIST_DIR}/RewindRoadIds.cmake)
 include(${CMAKE_CURRENT_LIST_DIR}/../scenarios/RunDemo.cmake)
 execute_process(COMMAND ${PSQL} -X -q "${server} dbname=postgres"
   -c "DROP DATABASE IF EXISTS ${database} WITH (FORCE)" OUTPUT_QUIET ERROR_QUIET)
