@@ -78,7 +78,7 @@ void TLToolExportRenderStyle::addLayerStyles(TLStyleDB& library, const TLFeature
             style->SetName(
                 TLString().Format(L"%ls_default_%d", layer.GetLayerName().wstr(), int(i + 1)));
         if (!library.AddStyleTakeOwnership(style))
-            qDebug("style %ls add failed!", style->GetName().wstr());
+            qDebug("style %s add failed!", style->GetName().toStdString().c_str());
     }
 }
 
