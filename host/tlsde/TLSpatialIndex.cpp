@@ -283,13 +283,14 @@ struct TLSpatialIndex::Impl {
             }
             // A geometry changed in place and not entered again yet may have fewer points by
             // now: what is gone is not read.
-            if (!xy || key.start + key.count > count) return;
+            const int end = std::min(key.start + key.count, count);
+            if (!xy || key.start >= end) return;
             if (key.lone()) {
                 if (!finiteAt(xy, key.start)) return;
                 const TLPoint p(xy[2 * key.start], xy[2 * key.start + 1]);
                 return f(key.id, key.start, p, p, true);
             }
-            for (int i = key.start; i + 1 < key.start + key.count; ++i) {
+            for (int i = key.start; i + 1 < end; ++i) {
                 if (!finiteAt(xy, i) || !finiteAt(xy, i + 1)) continue;
                 f(key.id, i, TLPoint(xy[2 * i], xy[2 * i + 1]),
                   TLPoint(xy[2 * i + 2], xy[2 * i + 3]), false);
