@@ -197,26 +197,30 @@ private Q_SLOTS:
                 names << panel->topLevelItem(i)->text(TLLayerPanel::NameColumn);
             return names;
         };
-        QCOMPARE(rows(), (QStringList{"wells", "roads", "parcels"}));
+        // The map's last layer is on top, so the top row shows the source's last layer.
+        QCOMPARE(rows(), (QStringList{"parcels", "roads", "wells"}));
         const int renders = window->Canvas()->RenderCount();
         // Rows are dragged, one at a time, between rows and never onto one.
         QCOMPARE(panel->dragDropMode(), QAbstractItemView::InternalMove);
         QVERIFY(panel->topLevelItem(2)->flags() & Qt::ItemIsDragEnabled);
         QVERIFY(!(panel->topLevelItem(0)->flags() & Qt::ItemIsDropEnabled));
-        // What a drop of parcels on the top row does.
-        panel->MoveLayerToRow(layer("parcels"), 0);
-        QCOMPARE(rows(), (QStringList{"parcels", "wells", "roads"}));
+        // What a drop of wells on the top row does: wells become the map's last layer.
+        panel->MoveLayerToRow(layer("wells"), 0);
+        QCOMPARE(rows(), (QStringList{"wells", "parcels", "roads"}));
         std::vector<TLLayer*> order;
         for (const TLRefPtr<TLLayer>& each : panel->LayersTopFirst()) order.push_back(each.get());
-        QCOMPARE(order, (std::vector<TLLayer*>{layer("parcels"), layer("wells"), layer("roads")}));
+        QCOMPARE(order, (std::vector<TLLayer*>{layer("wells"), layer("parcels"), layer("roads")}));
+        QCOMPARE(window->Document()->Map()->GetLayers(true).back().get(), layer("wells"));
         // The current and edit layers are the same layers as before the move.
         QCOMPARE(window->Document()->Map()->editor()->edit_layer(), layer("wells"));
         QCoreApplication::processEvents();
         QVERIFY(window->Canvas()->RenderCount() > renders);
         QVERIFY(window->Canvas()->LastRender().full);
 
-        panel->MoveLayerToRow(layer("parcels"), 9);
-        QCOMPARE(rows(), (QStringList{"wells", "roads", "parcels"}));
+        // A drop below the last row puts the layer at the bottom of the map.
+        panel->MoveLayerToRow(layer("wells"), 9);
+        QCOMPARE(rows(), (QStringList{"parcels", "roads", "wells"}));
+        QCOMPARE(window->Document()->Map()->GetLayers(true).front().get(), layer("wells"));
     }
 
     void upAndDownRecallEarlierLines() {
