@@ -29,7 +29,6 @@ public:
     int DrawSelection(QPainter& painter, TLFeatureLayer* layer, const TLRect& area,
                       const QColor& colour);
 
-private:
     // Ids of the layer's features whose bound may meet `area`.
     std::vector<int> candidates(TLFeatureLayer* layer, const TLRect& area) const;
     // The feature's geometry in map coordinates: the table's own when no projection is needed,
@@ -37,6 +36,7 @@ private:
     TLRefPtr<TLGeometry> mapGeometry(TLFeatureLayer* layer, int id, bool project) const;
     bool needsProjection(TLFeatureLayer* layer) const;
 
+private:
     TLDisplay* mDisplay;
     TLGeometryPainter& mGeometry;
 };

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "TLAnnotationPainter.h"
 #include "TLGeometryPainter.h"
 #include "TLLayerPainter.h"
 #include "TLLayerStyle.h"
@@ -15,6 +16,7 @@
 #include "TLRasterPainter.h"
 #include "TLShellText.h"
 #include "hostkit/TLToolDispatcher.h"
+#include "tlmap/TLAnnotationLayer.h"
 #include "tlmap/TLFeatureLayer.h"
 #include "tlmap/TLRasterLayer.h"
 #include "tlmap/TLRubberBand.h"
@@ -296,7 +298,11 @@ void TLMapCanvas::renderMapArea(QPainter& painter, const QRect& device) {
     for (const TLRefPtr<TLLayer>& each : layers) {
         TLLayer* layer = each.get();
         if (!layerShown(layer)) continue;
-        if (auto* featureLayer = dynamic_cast<TLFeatureLayer*>(layer)) {
+        if (auto* annotations = dynamic_cast<TLAnnotationLayer*>(layer)) {
+            mLastRender.features +=
+                TLAnnotationPainter(features, geometry, *mView->GetDisplayTransform())
+                    .Draw(painter, annotations, area);
+        } else if (auto* featureLayer = dynamic_cast<TLFeatureLayer*>(layer)) {
             mLastRender.features += features.DrawFeatures(painter, featureLayer, area);
         } else if (auto* raster = dynamic_cast<TLRasterLayer*>(layer)) {
             TLRect extent = raster->GetExtent();

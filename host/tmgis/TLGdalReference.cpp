@@ -10,6 +10,13 @@ namespace TMObjects {
 
 TLRefPtr<TLCoordinateSystem> TLSystemOfGdalReference(const OGRSpatialReference* reference) {
     if (!reference) return TLRefPtr<TLCoordinateSystem>();
+    // A GeoPackage table made without a system is given one of the format's two stand-ins; GDAL
+    // reads the geographic one as WGS 84 longitude and latitude, which would have the map
+    // project the table's coordinates as if they were degrees.
+    const char* name = reference->GetName();
+    if (name && (std::string(name) == "Undefined geographic SRS" ||
+                 std::string(name) == "Undefined Cartesian SRS"))
+        return TLRefPtr<TLCoordinateSystem>();
     const char* authority = reference->GetAuthorityName(nullptr);
     const char* code = reference->GetAuthorityCode(nullptr);
     if (authority && code) {

@@ -1,3 +1,6 @@
+#include <gdal_priv.h>
+#include <ogrsf_frmts.h>
+
 #include <fstream>
 
 #include "DataFixture.h"
@@ -26,6 +29,22 @@ TEST_F(Workspace, AGeoPackageOpensAsFeatureLayersOfTheirKindWithTheirSystem) {
     ASSERT_EQ(workspace->GetNotes().size(), 1u);
     EXPECT_EQ(workspace->GetNotes()[0].toStdString(), "table log has no geometry; left out");
     EXPECT_EQ(tableOf(*workspace, "wells").GetWorkspaceType().toStdString(), "OGR");
+}
+
+// A table made without a system gets one of the GeoPackage's stand-ins for "undefined": its
+// layer has no system, so the map draws and picks its coordinates as they are.
+TEST_F(Workspace, ATableWithoutASystemGivesALayerWithoutOne) {
+    const std::string path = file("undefined.gpkg");
+    {
+        GDALDriver* driver = GetGDALDriverManager()->GetDriverByName("GPKG");
+        std::unique_ptr<GDALDataset> dataset(
+            driver->Create(path.c_str(), 0, 0, 0, GDT_Unknown, nullptr));
+        ASSERT_TRUE(dataset);
+        ASSERT_TRUE(dataset->CreateLayer("sketch", nullptr, wkbPolygon, nullptr));
+    }
+    auto workspace = open(path);
+    ASSERT_TRUE(workspace && workspace->GetLayer("sketch"));
+    EXPECT_FALSE(workspace->GetLayer("sketch")->GetSpatialReference());
 }
 
 TEST_F(Workspace, FieldsMapToTheHostsTypesAndValuesReadExactly) {
