@@ -283,19 +283,6 @@ bool TLDialogDriver::EditCell(QWidget* widget, int row, int column, const std::s
     return given;
 }
 
-bool TLDialogDriver::ClickItem(QWidget* widget, const std::string& text, std::string& error) {
-    auto* view = qobject_cast<QAbstractItemView*>(widget);
-    const QModelIndex item =
-        view ? itemShowing(view->model(), QModelIndex(), qt(text)) : QModelIndex();
-    if (!item.isValid()) {
-        error = widget->objectName().toStdString() + " shows no item \"" + text + "\"";
-        return false;
-    }
-    view->setCurrentIndex(item);
-    Q_EMIT view->clicked(item);
-    return true;
-}
-
 bool TLDialogDriver::ContextMenu(QWidget* widget, const std::string& item, const std::string& entry,
                                  std::string& error) {
     auto* view = qobject_cast<QAbstractItemView*>(widget);

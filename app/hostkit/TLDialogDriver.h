@@ -35,9 +35,6 @@ public:
     // delegate's checks run and may refuse it. False with the reason for no such cell.
     static bool EditCell(QWidget* view, int row, int column, const std::string& text,
                          std::string& error);
-    // Clicks the item of a tree or list view that shows the text (searched depth first), as
-    // the user's click: it becomes current and the view tells clicked.
-    static bool ClickItem(QWidget* view, const std::string& text, std::string& error);
     // Opens the view's context menu over the item that shows `item` and picks the entry of that
     // text. False with the reason when there is no such item, no menu opens or it lacks the entry.
     static bool ContextMenu(QWidget* view, const std::string& item, const std::string& entry,

@@ -221,7 +221,7 @@ bool TLSessionActions::set(const TLSessionCommand& c, std::string& error) {
 }
 
 bool TLSessionActions::dialog(const TLSessionCommand& c, std::string& error) {
-    if (!c.words.empty() && (c.words[0] == "edit" || c.words[0] == "item" || c.words[0] == "menu"))
+    if (!c.words.empty() && (c.words[0] == "edit" || c.words[0] == "menu"))
         return itemView(c, error);
     const char* usage = "dialog set OBJECT VALUE | dialog click OBJECT";
     const bool setting = !c.words.empty() && c.words[0] == "set";
@@ -311,13 +311,12 @@ bool TLSessionActions::modalStep(const TLSessionCommand& c, std::string& error) 
 // clicked, a context menu.
 bool TLSessionActions::itemView(const TLSessionCommand& c, std::string& error) {
     const std::string& verb = c.words[0];
-    const std::size_t words = verb == "edit" ? 5 : verb == "menu" ? 4 : 3;
+    const std::size_t words = verb == "edit" ? 5 : 4;
     int row = 0, column = 0;
     if (c.words.size() != words ||
         (verb == "edit" && (!c.Integer(2, row, error) || !c.Integer(3, column, error)))) {
         error =
-            "usage: dialog edit OBJECT ROW COLUMN TEXT | dialog item OBJECT TEXT | dialog menu "
-            "OBJECT ITEM ENTRY";
+            "usage: dialog edit OBJECT ROW COLUMN TEXT | dialog menu OBJECT ITEM ENTRY";
         return false;
     }
     if (mSession.Dry()) return true;
@@ -329,7 +328,6 @@ bool TLSessionActions::itemView(const TLSessionCommand& c, std::string& error) {
     }
     bool done = false;
     if (verb == "edit") done = TLDialogDriver::EditCell(widget, row, column, c.words[4], problem);
-    if (verb == "item") done = TLDialogDriver::ClickItem(widget, c.words[2], problem);
     if (verb == "menu") done = TLDialogDriver::ContextMenu(widget, c.words[2], c.words[3], problem);
     if (!done)
         mSession.SetTrouble("expected " + c.words[1] + " to take the " + verb +

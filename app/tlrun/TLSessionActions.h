@@ -40,7 +40,6 @@ namespace TMObjects {
 //   dialog edit OBJECT ROW COLUMN TEXT
 //                               edits a cell of a table through its delegate, whose checks may
 //                               refuse the text (a date is typed yyyy-MM-dd)
-//   dialog item OBJECT TEXT     clicks the item of a tree or list that shows TEXT
 //   dialog menu OBJECT ITEM ENTRY
 //                               opens the context menu over the item that shows ITEM and picks
 //                               ENTRY

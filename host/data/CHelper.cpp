@@ -134,6 +134,9 @@ TLRefPtr<TLGeometry> CHelper::ChunkDataToTmGeometry(const CvectorEntityBase* ent
         case TLGeometry::GeoPolyline:
             return ChunkDataToTmPolyline(entity, withZ, closePaths, dropRepeats);
         case TLGeometry::GeoPolygon: {
+            // What the entity holds wins: a line asked for as a polygon comes back a line.
+            if (entity->entity_GetType() == CvectorEntityBase::EntityLine)
+                return ChunkDataToTmPolyline(entity, withZ, closePaths, dropRepeats);
             TLRefPtr<TLGeoPolygon> polygon(new TLGeoPolygon);
             fillParts(entity, withZ, true, dropRepeats, polygon->Parts());
             polygon->Forward();

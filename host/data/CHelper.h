@@ -36,8 +36,9 @@ public:
                                                          bool dropRepeats);
     // A geometry of the asked kind (TLGeometry::GeoType: 2 point, 3 multipoint, 11 polyline,
     // 13 polygon, whose rings are closed and put in order) made of the entity's vertices; the
-    // flags are those of ChunkDataToTmPolyline. Null for another kind or an entity without
-    // vertices.
+    // flags are those of ChunkDataToTmPolyline. A line entity asked for as a polygon gives a
+    // polyline: a conversion never makes an area of a line. Null for another kind or an entity
+    // without vertices.
     static TLRefPtr<TLGeometry> ChunkDataToTmGeometry(const CvectorEntityBase* entity, int geoType,
                                                       bool withZ, bool closePaths,
                                                       bool dropRepeats);

@@ -121,12 +121,25 @@ public:
     // Non-zero when (x, y) lies on the entity's lines or outline: within dPointLimit of a
     // segment, and at least within the rounding of the coordinates (1e-9 of their size).
     int point_InLine(const CvectorEntityData* object, double x, double y) const;
-    // The vertex of an entity nearest to (x, y): returns its index, with the nearest point of the
-    // entity in (fx, fy) and its distance; -1 for an empty or missing entity.
+    // The vertex of an entity nearest to (x, y), the first of equally near ones: returns its
+    // index, with that vertex in (fx, fy) and its distance; -1 for an empty or missing entity.
     int entity_GetMinDistance(int package, int entity, double x, double y, double& fx, double& fy,
                               double& distance) const;
-    // Moves the points of the entities of `collectedLayer` that lie in the rectangle onto the
-    // boundary entity `entity` of `boundaryLayer`, in place, from the current point on.
+    // Edge matching: makes the outlines of the entities of layer `collectedLayer` meet the
+    // boundary entity `entity` (of layer `boundaryLayer`) inside the rectangle of corners (x1, y1)
+    // and (x2, y2), edges included, in place. Returns the number of vertices moved.
+    // - Every vertex of a caught entity inside the rectangle moves onto the boundary: to the
+    //   nearest boundary vertex no farther than dPointLimit (the first of equally near ones),
+    //   else to its foot on the nearest boundary edge. Vertices outside stay where they are.
+    // - Between two neighbouring vertices that landed on the same path of the boundary, the
+    //   boundary's own vertices that lie between the two landing spots are put in, in order:
+    //   along an open path straight, round a ring the shorter way. So wherever a caught outline
+    //   meets the boundary in the rectangle, the two outlines are the same line, vertex for
+    //   vertex: no sliver and no gap is left between the caught polygons and the boundary.
+    // - Two neighbours that land on one spot become one vertex; a ring whose first vertex lands
+    //   stays closed, since its closing vertex lands on the same spot.
+    // Nothing else is changed: the boundary itself, entities of other layers, attributes. `kind`
+    // and the current point do not change the result (the corners may come in any order).
     int handMovementMeetEdge(int package, int boundaryLayer, int collectedLayer, int entity,
                              int kind, double x1, double y1, double x2, double y2);
 

@@ -296,7 +296,7 @@ bool TLToolPolygonCutPolygon::execCutOperation2(const std::vector<int>& ids) {
                 buffer->changeGeometry(source->entity_GetHandle(), polygon, true);
                 replaced.insert(s);
             } else {
-                TLFeature feature;
+                TLFeature feature(1);
                 feature.SetGeometry(polygon);
                 copyAttributes(*target, feature);
                 buffer->AddFeature(feature, true, true);

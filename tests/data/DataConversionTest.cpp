@@ -113,11 +113,3 @@ TEST(DataConversion, PreprocessingDropsRepeatedVerticesAndOrdersRings) {
     EXPECT_EQ(y, 0);
     EXPECT_FALSE(TLTopoCheckCommonFunc::PreprocessingDataForOverlay(nullptr));
 }
-
-// The operations other work fills in fail loudly until they are built.
-TEST(DataNotBuilt, DeclaredOperationsThrowUntilBuilt) {
-    CdataManager manager;
-    double x = 0, y = 0, d = 0;
-    EXPECT_THROW(manager.entity_GetMinDistance(0, 0, 0, 0, x, y, d), std::logic_error);
-    EXPECT_THROW(manager.handMovementMeetEdge(0, 1, 2, 0, 0, 0, 0, 1, 1), std::logic_error);
-}

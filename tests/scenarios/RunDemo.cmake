@@ -1,5 +1,6 @@
 # Plays the demo sessions (SESSIONS/*.tls, in name order) with tlrun in one fresh working folder
-# on fresh demo data, as scripts/demo does; every one must end with exit status 0.
+# on fresh demo data, as scripts/demo does; every one must end with exit status 0. A caller may
+# name AFTER_SESSION, a CMake file included after each session with `session` set.
 file(REMOVE_RECURSE ${WORKDIR})
 file(MAKE_DIRECTORY ${WORKDIR})
 execute_process(COMMAND ${TLRUN} make-demo ${WORKDIR}/demo.gpkg RESULT_VARIABLE made OUTPUT_QUIET)
@@ -14,5 +15,8 @@ foreach(session ${sessions})
   message("${transcript}")
   if(NOT status EQUAL 0)
     message(FATAL_ERROR "${session} ended with ${status}: ${errors}")
+  endif()
+  if(DEFINED AFTER_SESSION)
+    include(${AFTER_SESSION})
   endif()
 endforeach()
