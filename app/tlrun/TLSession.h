@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -14,6 +15,7 @@
 #include "tlmap/TLFeatureLayer.h"
 #include "tlmap/TLMap.h"
 #include "tlmap/TLMapView.h"
+#include "tlsymbol/TLStyle.h"
 #include "tmgis/TMWorkspace.h"
 
 namespace TMObjects {
@@ -38,6 +40,8 @@ public:
     bool Dry() const { return mDry; }
     void SetDry(bool dry) { mDry = dry; }
     TLScriptLayers& Known() { return mKnown; }
+    // The styles the script made with `style`, by the ids it gave them.
+    std::map<std::string, TLRefPtr<TLStyle>>& Styles() { return mStyles; }
 
     // A path of the script, relative to the working folder.
     std::filesystem::path Resolve(const std::string& path) const;
@@ -101,6 +105,7 @@ private:
     std::unique_ptr<TLToolDispatcher> mDispatcher;
     std::vector<std::unique_ptr<TMWorkspace>> mWorkspaces;
     TLScriptLayers mKnown;
+    std::map<std::string, TLRefPtr<TLStyle>> mStyles;
     bool mDry = false;
     bool mLastResult = true;
     bool mViewChosen = false;

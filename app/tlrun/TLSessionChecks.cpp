@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "TLDialogChecks.h"
+#include "TLFileChecks.h"
 #include "TLGeometryMatch.h"
 #include "hostkit/TLDialogDriver.h"
 #include "tlgeo/TLGeometryWkt.h"
@@ -56,6 +57,7 @@ bool TLSessionChecks::Run(const TLSessionCommand& c, std::string& failure, std::
     if (what == "save-error") return saveError(c, failure, error);
     if (what == "clip") return clip(c, failure, error);
     if (TLDialogChecks::Knows(what)) return TLDialogChecks(mSession).Run(c, failure, error);
+    if (TLFileChecks::Knows(what)) return TLFileChecks(mSession).Run(c, failure, error);
     error = "unknown expectation " + inQuotes(what);
     return false;
 }

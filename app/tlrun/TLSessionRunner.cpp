@@ -9,6 +9,7 @@
 #include "TLSessionChecks.h"
 #include "TLSessionSetup.h"
 #include "TLSessionStoreActions.h"
+#include "TLStyleSetup.h"
 #include "TLTranscript.h"
 
 namespace TMObjects {
@@ -29,6 +30,7 @@ bool TLSessionRunner::runCommand(TLSession& session, const TLSessionCommand& com
         if (TLSessionSetup::Knows(command.verb)) return TLSessionSetup(session).Run(command, error);
         if (TLEnvironmentSetup::Knows(command.verb))
             return TLEnvironmentSetup(session).Run(command, error);
+        if (TLStyleSetup::Knows(command.verb)) return TLStyleSetup(session).Run(command, error);
         if (TLSessionActions::Knows(command.verb))
             return TLSessionActions(session).Run(command, error);
         if (TLSessionStoreActions::Knows(command.verb))

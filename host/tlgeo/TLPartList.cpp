@@ -50,6 +50,21 @@ void TLPartList::AddPart(const double* xy, int count) {
     AddPoints(xy, count);
 }
 
+double* TLPartList::AppendPart(int count) {
+    if (count <= 0) return nullptr;
+    BeginPart();
+    const std::size_t from = mXY.size();
+    mXY.resize(from + 2 * std::size_t(count), 0.0);
+    appendZ(count);
+    return mXY.data() + from;
+}
+
+void TLPartList::Reserve(int points, int parts) {
+    if (points > 0) mXY.reserve(2 * std::size_t(points));
+    if (parts > 0) mStarts.reserve(std::size_t(parts));
+    if (mHasZ && points > 0) mZ.reserve(std::size_t(points));
+}
+
 void TLPartList::Clear() {
     mXY.clear();
     mStarts.clear();

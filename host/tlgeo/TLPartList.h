@@ -30,6 +30,12 @@ public:
     void AddPoints(const double* xy, int count);
     // Opens a new part with the given points (an empty part when count <= 0).
     void AddPart(const double* xy, int count);
+    // Opens a new part of `count` points at (0, 0), Z = 0 with Z on, and returns where its
+    // (x, y) pairs start, for a reader to fill in place; null for count <= 0 (no part opened).
+    double* AppendPart(int count);
+    // Room for that many points and parts in all, so that a reader that knows the size of what
+    // it reads fills the list without a reallocation.
+    void Reserve(int points, int parts);
     void Clear();
     // Drops parts without points. Degenerate parts (a ring of two points) are kept: whether such
     // a shape is acceptable is the caller's decision.

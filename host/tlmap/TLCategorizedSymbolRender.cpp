@@ -12,4 +12,11 @@ TLRefPtr<TLCategoryRenderItem> TLCategorizedSymbolRender::GetCategoryRenderItem(
     return mItems[std::size_t(index)];
 }
 
+std::vector<TLRefPtr<TLStyle>> TLCategorizedSymbolRender::GetStyles() const {
+    std::vector<TLRefPtr<TLStyle>> styles;
+    for (const TLRefPtr<TLCategoryRenderItem>& item : mItems)
+        if (item) addStyle(styles, item->GetStyle());
+    return styles;
+}
+
 }  // namespace TMObjects

@@ -21,6 +21,8 @@ public:
     TLRefPtr<TLCategoryRenderItem> GetCategoryRenderItem(int index) const;
     // A null item is kept as given: it holds a place in the legend without a class.
     void AddItem(TLRefPtr<TLCategoryRenderItem> item) { mItems.push_back(item); }
+    // The styles of the items, in item order.
+    std::vector<TLRefPtr<TLStyle>> GetStyles() const override;
 
 private:
     TLString mExpression;

@@ -11,4 +11,11 @@ TLRefPtr<TLSymbolRule> TLRuleBasedSymbolRender::GetRule(int index) const {
     return mRules[std::size_t(index)];
 }
 
+std::vector<TLRefPtr<TLStyle>> TLRuleBasedSymbolRender::GetStyles() const {
+    std::vector<TLRefPtr<TLStyle>> styles;
+    for (const TLRefPtr<TLSymbolRule>& rule : mRules)
+        if (rule) addStyle(styles, rule->Style);
+    return styles;
+}
+
 }  // namespace TMObjects

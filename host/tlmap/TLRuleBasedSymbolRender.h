@@ -17,6 +17,8 @@ public:
     // Empty outside 0 .. RuleCount() - 1.
     TLRefPtr<TLSymbolRule> GetRule(int index) const;
     void AddRule(TLRefPtr<TLSymbolRule> rule) { mRules.push_back(rule); }
+    // The styles of the rules, in rule order.
+    std::vector<TLRefPtr<TLStyle>> GetStyles() const override;
 
 private:
     std::vector<TLRefPtr<TLSymbolRule>> mRules;

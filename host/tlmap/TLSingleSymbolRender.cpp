@@ -12,6 +12,12 @@ TLSingleSymbolRender::TLSingleSymbolRender(TLRefPtr<TLStyle> style)
 
 TLSingleSymbolRender::~TLSingleSymbolRender() = default;
 
+std::vector<TLRefPtr<TLStyle>> TLSingleSymbolRender::GetStyles() const {
+    std::vector<TLRefPtr<TLStyle>> styles;
+    addStyle(styles, mStyle);
+    return styles;
+}
+
 TLRefPtr<TLStyle> TLSingleSymbolRender::DefaultStyle(int layerType) {
     switch (layerType) {
         case TLLayer::PointLayer:

@@ -13,6 +13,8 @@ public:
 
     TLRefPtr<TLStyle> GetStyle() const { return mStyle; }
     void SetStyle(TLRefPtr<TLStyle> style) { mStyle = style; }
+    // Its one style.
+    std::vector<TLRefPtr<TLStyle>> GetStyles() const override;
 
     // The plain symbol a new layer of that kind is drawn with; empty for kinds without one.
     static TLRefPtr<TLStyle> DefaultStyle(int layerType);

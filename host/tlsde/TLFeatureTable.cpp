@@ -143,12 +143,18 @@ TLRect TLFeatureTable::GetExtent() const {
 void TLFeatureTable::Load(TLFeature feature) {
     int id = feature.GetId();
     if (id < 0 || HasFeature(id)) id = mNextId;
-    mFeatures[id] = normalised(feature);
-    mFeatures[id].SetId(id);
+    // A geometry that no one else holds is the one a store just read: the table takes it as it
+    // is, rather than keeping a clone and dropping the original.
+    TLRefPtr<TLGeometry> geometry = feature.GetGeometry();
+    feature.SetGeometry(nullptr);
+    if (geometry && geometry->RefCount() > 1) geometry = geometry->Clone();
+    TLFeature& stored = mFeatures[id] = normalised(feature);
+    stored.SetGeometry(geometry);
+    stored.SetId(id);
     mNextId = std::max(mNextId, id + 1);
     // Loads at open come before the index is first built, which then packs them all at once;
     // a store reading on demand adds to an index in use.
-    indexInsert(id, mFeatures[id]);
+    indexInsert(id, stored);
 }
 
 void TLFeatureTable::ReserveIdsBelow(int id) {

@@ -19,9 +19,13 @@ struct TLSegmentRef {
     TLPoint b;
 };
 
-// Boost.Geometry R-trees over one table: the features' bounds, and every segment and lone vertex,
-// for snapping and picking that never scan a layer. Ties between equally near candidates go to
-// the lower feature id, then the lower raw index.
+// Boost.Geometry R-trees over one table: the features' bounds, and their segments and lone
+// vertices in runs of a few consecutive segments, for snapping and picking that never scan a
+// layer. The index keeps a reference to each geometry it was given and reads the coordinates of
+// a run from it when a search reaches the run, so it holds no second copy of a layer's vertices;
+// a geometry changed in place is searched as it is now, within the bounds it was entered with,
+// until it is entered again. Ties between equally near candidates go to the lower feature id,
+// then the lower raw index.
 class TLSpatialIndex {
 public:
     TLSpatialIndex();

@@ -15,6 +15,9 @@ public:
     TLString GetFileName() const { return mFileName; }
     void SetFileName(const TLString& path) { mFileName = path; }
 
+    void save(TLFileFunc& file) const override;
+    bool open(TLFileFunc& file) override;
+
 private:
     TLString mFileName;
 };

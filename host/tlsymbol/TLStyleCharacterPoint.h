@@ -17,6 +17,9 @@ public:
     void SetFontName(const TLString& name) { mFontName = name; }
     void SetCharIndex(int index) { mCharIndex = index; }
 
+    void save(TLFileFunc& file) const override;
+    bool open(TLFileFunc& file) override;
+
 private:
     TLString mFontName;
     int mCharIndex = 0;

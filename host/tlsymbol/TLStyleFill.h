@@ -20,6 +20,9 @@ public:
     void SetBackgroundColor(const TLColor& color) { mBackgroundColor = color; }
     void SetGradientFillBackground(bool gradient) { mGradient = gradient; }
 
+    void save(TLFileFunc& file) const override;
+    bool open(TLFileFunc& file) override;
+
 protected:
     TLStyleFill() = default;
 

@@ -25,6 +25,9 @@ public:
     void SetJoin(int join) { mJoin = join; }
     void SetWidth(double width) { mWidth = width; }
 
+    void save(TLFileFunc& file) const override;
+    bool open(TLFileFunc& file) override;
+
 protected:
     TLStyleLine() = default;
 

@@ -21,6 +21,9 @@ public:
     void SetPlacementType(int placement) { mPlacement = placement; }
     void SetSteps(const std::vector<double>& steps) { mSteps = steps; }
 
+    void save(TLFileFunc& file) const override;
+    bool open(TLFileFunc& file) override;
+
 private:
     TLRefPtr<TLStyle> mDecorate;
     int mPlacement = 0;

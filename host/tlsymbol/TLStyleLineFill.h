@@ -18,6 +18,9 @@ public:
     void SetDecorateLineStyle(TLRefPtr<TLStyle> style) { mDecorate = style; }
     void SetSeperate(double seperate) { mSeperate = seperate; }
 
+    void save(TLFileFunc& file) const override;
+    bool open(TLFileFunc& file) override;
+
 private:
     double mDegree = 45.0;
     TLRefPtr<TLStyle> mDecorate;

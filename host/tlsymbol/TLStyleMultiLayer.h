@@ -20,6 +20,10 @@ public:
     TLRefPtr<TLStyle> GetLayer(int index) const;
     bool AddLayer(TLRefPtr<TLStyle> layer);
 
+    // The layers follow the style's own part, each as TLStyleFactory saves a nested style.
+    void save(TLFileFunc& file) const override;
+    bool open(TLFileFunc& file) override;
+
 private:
     ClassType mFamily;
     std::vector<TLRefPtr<TLStyle>> mLayers;

@@ -18,6 +18,9 @@ public:
     const std::vector<double>& GetSteps() const { return mSteps; }
     void SetSteps(const std::vector<double>& steps) { mSteps = steps; }
 
+    void save(TLFileFunc& file) const override;
+    bool open(TLFileFunc& file) override;
+
 private:
     std::vector<double> mSteps;
 };

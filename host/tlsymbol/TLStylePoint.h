@@ -18,6 +18,9 @@ public:
     void SetWidth(double width) { mWidth = width; }
     void SetHeight(double height) { mHeight = height; }
 
+    void save(TLFileFunc& file) const override;
+    bool open(TLFileFunc& file) override;
+
 protected:
     TLStylePoint() = default;
 

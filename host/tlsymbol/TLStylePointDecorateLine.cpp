@@ -1,7 +1,22 @@
 #include "tlsymbol/TLStylePointDecorateLine.h"
 
+#include "tlsymbol/TLFileFunc.h"
+#include "tlsymbol/TLStyleFactory.h"
+
 namespace TMObjects {
 
 TLStylePointDecorateLine::~TLStylePointDecorateLine() = default;
+
+void TLStylePointDecorateLine::save(TLFileFunc& file) const {
+    TLStyleLine::save(file);
+    TLStyleFactory::Save(file, mDecorate);
+    file.WriteInt(mPlacement);
+    file.WriteDoubles(mSteps);
+}
+
+bool TLStylePointDecorateLine::open(TLFileFunc& file) {
+    return TLStyleLine::open(file) && TLStyleFactory::Open(file, mDecorate) &&
+           file.ReadInt(mPlacement) && file.ReadDoubles(mSteps);
+}
 
 }  // namespace TMObjects

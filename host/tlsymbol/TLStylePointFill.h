@@ -23,6 +23,9 @@ public:
     void SetFillType(int type) { mFillType = type; }
     void SetDecoratePointStyle(TLRefPtr<TLStyle> style) { mDecorate = style; }
 
+    void save(TLFileFunc& file) const override;
+    bool open(TLFileFunc& file) override;
+
 private:
     double mSeperateX = 5.0;
     double mSeperateY = 5.0;

@@ -1,5 +1,7 @@
 #include "tlsymbol/TLStyleSVGPoint.h"
 
+#include "tlsymbol/TLFileFunc.h"
+
 namespace TMObjects {
 
 TLStyleSVGPoint::~TLStyleSVGPoint() = default;
@@ -16,6 +18,18 @@ void TLStyleSVGPoint::SetSvgSrc(int kind, const TLString& file, const TLString& 
     mKind = kind;
     mFile = file;
     mContent = content;
+}
+
+void TLStyleSVGPoint::save(TLFileFunc& file) const {
+    TLStylePoint::save(file);
+    file.WriteInt(mKind);
+    file.WriteString(mFile);
+    file.WriteString(mContent);
+}
+
+bool TLStyleSVGPoint::open(TLFileFunc& file) {
+    return TLStylePoint::open(file) && file.ReadInt(mKind) && file.ReadString(mFile) &&
+           file.ReadString(mContent);
 }
 
 }  // namespace TMObjects

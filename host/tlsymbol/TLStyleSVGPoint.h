@@ -17,6 +17,9 @@ public:
     void GetSvgSrc(int& kind, TLString& file, TLString& content) const;
     void SetSvgSrc(int kind, const TLString& file, const TLString& content);
 
+    void save(TLFileFunc& file) const override;
+    bool open(TLFileFunc& file) override;
+
 private:
     int mKind = 0;
     TLString mFile;

@@ -15,6 +15,9 @@ public:
     TLString GetScript() const { return mScript; }
     void SetScript(const TLString& script) { mScript = script; }
 
+    void save(TLFileFunc& file) const override;
+    bool open(TLFileFunc& file) override;
+
 private:
     TLString mScript;
 };

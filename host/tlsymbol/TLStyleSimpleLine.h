@@ -14,6 +14,9 @@ public:
     int GetDashStyle() const { return mDashStyle; }
     void SetDashStyle(int style) { mDashStyle = style; }
 
+    void save(TLFileFunc& file) const override;
+    bool open(TLFileFunc& file) override;
+
 private:
     int mDashStyle = 1;
 };

@@ -20,6 +20,9 @@ public:
     void SetOutlineColor(const TLColor& color) { mOutlineColor = color; }
     void SetOutlineWidth(double width) { mOutlineWidth = width; }
 
+    void save(TLFileFunc& file) const override;
+    bool open(TLFileFunc& file) override;
+
 private:
     int mShape = Circle;
     TLColor mOutlineColor;

@@ -6,6 +6,7 @@
 #include <cstdio>
 
 #include "tlgeo/TLGeometryWkt.h"
+#include "tmgis/TLOgrGeometryReader.h"
 
 namespace TMObjects {
 
@@ -159,18 +160,7 @@ bool TLOgrValues::Write(OGRFeature& feature, int index, const TLVariant& value,
 }
 
 TLRefPtr<TLGeometry> TLOgrValues::ReadGeometry(const OGRGeometry* geometry) {
-    if (!geometry) return TLRefPtr<TLGeometry>();
-    std::unique_ptr<OGRGeometry> linear;
-    if (geometry->hasCurveGeometry()) {
-        linear.reset(geometry->getLinearGeometry());
-        if (!linear) return TLRefPtr<TLGeometry>();
-        geometry = linear.get();
-    }
-    std::string wkb(std::size_t(geometry->WkbSize()), '\0');
-    auto* bytes = reinterpret_cast<unsigned char*>(wkb.data());
-    if (geometry->exportToWkb(wkbNDR, bytes, wkbVariantIso) != OGRERR_NONE)
-        return TLRefPtr<TLGeometry>();
-    return TLGeometryWkt::FromWkb(bytes, wkb.size());
+    return TLOgrGeometryReader::Read(geometry);
 }
 
 std::unique_ptr<OGRGeometry> TLOgrValues::MakeGeometry(TLGeometry* geometry,

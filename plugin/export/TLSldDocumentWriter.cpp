@@ -1,11 +1,13 @@
 #include "export/TLSldDocumentWriter.h"
 
 #include <QSaveFile>
-#include <QTextStream>
 
 #include "TLToolText.h"
+#include "export/TLSldRasterWriter.h"
 #include "export/TLSldRuleWriter.h"
+#include "export/TLSldXmlText.h"
 #include "tlmap/TLFeatureLayer.h"
+#include "tlmap/TLRasterLayer.h"
 
 namespace TMObjects {
 
@@ -25,11 +27,8 @@ bool TLSldDocumentWriter::writeLayer(const TLLayer* layer, const QString& path) 
     // The old file stays as it was until the new one is complete.
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Text)) return false;
-    QTextStream stream(&file);
-    stream.setCodec("UTF-8");
-    document.save(stream, 2, QDomNode::EncodingFromTextStream);
-    stream.flush();
-    if (stream.status() != QTextStream::Ok) {
+    const QByteArray text = TLSldXmlText::toBytes(document);
+    if (file.write(text) != text.size()) {
         file.cancelWriting();
         return false;
     }
@@ -62,9 +61,10 @@ QDomElement TLSldDocumentWriter::userStyle(QDomDocument& document, const TLLayer
     if (!layer.IsFeatureLayer() && !layer.IsRasterLayer()) return style;
     QDomElement featureTypeStyle = document.createElement("sld:FeatureTypeStyle");
     paint.appendText(featureTypeStyle, "sld:FeatureTypeName", "Feature");
-    // A raster's style stays without a rule until rasters have a writer of their own.
     if (const auto* features = dynamic_cast<const TLFeatureLayer*>(&layer))
         TLSldRuleWriter(document).appendRules(featureTypeStyle, *features);
+    else if (const auto* raster = dynamic_cast<const TLRasterLayer*>(&layer))
+        TLSldRasterWriter(document).appendRule(featureTypeStyle, *raster);
     style.appendChild(featureTypeStyle);
     return style;
 }

@@ -11,8 +11,8 @@ namespace TMObjects {
 class TLLayer;
 
 // Writes the symbology of one map layer as a Styled Layer Descriptor 1.0.0 document. Feature
-// layers give one rule per symbol class of their render; any other layer gives a style with
-// its name only.
+// layers give one rule per symbol class of their render, raster layers one raster symbolizer;
+// any other layer gives a style with its name only.
 class TL_ACTIONEX_EXPORT TLSldDocumentWriter {
 public:
     static const char* const SldNamespace;

@@ -12,12 +12,14 @@
 
 #include "TLPluginActionEX.h"
 #include "tlmap/TLBlock.h"
+#include "tlmap/TLFeatureRender.h"
 #include "tlmap/TLImageClassRenderInfo.h"
 #include "tlmap/TLImageStretchRenderInfo.h"
 #include "tlmap/TLRasterBand.h"
 #include "tlmap/TLRasterProps.h"
 #include "tlmap/TLTool.h"
 #include "tlmap/TLToolBuddy.h"
+#include "tlsymbol/TLStyle.h"
 
 namespace {
 
@@ -146,6 +148,18 @@ TEST(VirtualOrder, BandAndRenderInfoOperations) {
     ExpectConsecutiveFromSlot2({{"GetColorCount", SlotOf(&TLImageStretchRenderInfo::GetColorCount)},
                                 {"GetColor", SlotOf(&TLImageStretchRenderInfo::GetColor)}});
     ExpectConsecutiveFromSlot2({{"GetClassCount", SlotOf(&TLImageClassRenderInfo::GetClassCount)}});
+}
+
+// The style writers call the operations of a style by slot: the four the writers read first, then
+// the library's save and open; a render's styles are its first operation.
+TEST(VirtualOrder, StyleAndRenderOperations) {
+    ExpectConsecutiveFromSlot2({{"GetClassType", SlotOf(&TLStyle::GetClassType)},
+                                {"GetTypeID", SlotOf(&TLStyle::GetTypeID)},
+                                {"GetUnits", SlotOf(&TLStyle::GetUnits)},
+                                {"GetColor", SlotOf(&TLStyle::GetColor)},
+                                {"save", SlotOf(&TLStyle::save)},
+                                {"open", SlotOf(&TLStyle::open)}});
+    ExpectConsecutiveFromSlot2({{"GetStyles", SlotOf(&TLFeatureRender::GetStyles)}});
 }
 
 }  // namespace

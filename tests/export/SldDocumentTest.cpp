@@ -181,5 +181,23 @@ TEST_F(SldFile, ReplacesAnOldFileWholeAndLeavesNothingWhenItCannotWrite) {
     EXPECT_EQ(QDir(mDir.path()).entryList(QDir::Files), QStringList{"style.sld"});
 }
 
+TEST_F(SldFile, TwoWritesAreTheSameBytesWithAttributesInAFixedOrder) {
+    ASSERT_TRUE(TLSldDocumentWriter().writeLayer(parcels().get(), path("a.sld")));
+    ASSERT_TRUE(TLSldDocumentWriter().writeLayer(parcels().get(), path("b.sld")));
+    QFile a(path("a.sld")), b(path("b.sld"));
+    ASSERT_TRUE(a.open(QIODevice::ReadOnly) && b.open(QIODevice::ReadOnly));
+    const QByteArray text = a.readAll();
+    EXPECT_EQ(text, b.readAll());
+    // The order does not hang on the toolkit's hashing, which changes from one run to the next.
+    EXPECT_TRUE(
+        text.contains("\n<sld:StyledLayerDescriptor xmlns:sld=\"http://www.opengis.net/sld\" "
+                      "version=\"1.0.0\" xmlns=\"http://www.opengis.net/sld\" "
+                      "xmlns:gml=\"http://www.opengis.net/gml\" "
+                      "xmlns:ogc=\"http://www.opengis.net/ogc\" "
+                      "xmlns:xlink=\"http://www.w3.org/1999/xlink\">\n"))
+        << text.left(400).toStdString();
+    EXPECT_TRUE(text.endsWith("</sld:StyledLayerDescriptor>\n"));
+}
+
 }  // namespace
 }  // namespace TMObjects

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 #include <random>
@@ -12,6 +13,7 @@
 #include "tlgeo/TLGeoPoint.h"
 #include "tlgeo/TLGeoPolygon.h"
 #include "tlgeo/TLGeoPolyline.h"
+#include "tlsde/TLPackedRTree.h"
 #include "tlsde/TLSpatialIndex.h"
 
 namespace TMObjects::testing {
@@ -306,6 +308,69 @@ TEST(SpatialIndex, TiesGoToTheLowerFeatureThenTheLowerVertex) {
     EXPECT_EQ(hit.featureId, 5);
     EXPECT_EQ(hit.start, 1);
     EXPECT_EQ(at, TLPoint(4, 4));
+}
+
+TEST(SpatialIndex, AGeometryShortenedInPlaceIsSearchedAsItIsNow) {
+    // A tool may change a lent geometry before the table enters it again: the index then reads
+    // the points that are there, and never past them.
+    TLRefPtr<TLGeoPolyline> line(new TLGeoPolyline());
+    line->BeginPath();
+    for (int i = 0; i <= 40; ++i) line->AddXY(i * 10.0, 0);
+    line->EndEntity();
+    TLSpatialIndex index;
+    index.Rebuild({{1, line.get()}});
+    line->ClearPoints();
+    line->BeginPath();
+    line->AddXY(0, 5);
+    line->AddXY(20, 5);
+    line->EndEntity();
+    TLSegmentRef hit{};
+    TLPoint at;
+    EXPECT_FALSE(index.NearestVertex(TLPoint(300, 0), 5, hit, at));
+    ASSERT_TRUE(index.NearestVertex(TLPoint(19, 4), 5, hit, at));
+    EXPECT_EQ(at, TLPoint(20, 5));
+    index.Insert(1, line.get());
+    ASSERT_TRUE(index.NearestSegment(TLPoint(10, 0), 5, hit, at));
+    EXPECT_EQ(at, TLPoint(10, 5));
+}
+
+TEST(PackedRTree, FindsEveryBoxThatMeetsTheRectangleEvenAtAnEdge) {
+    // Coordinates a float cannot hold exactly, and rectangles that just touch the boxes: the
+    // tree's rounded boxes must never lose one.
+    std::mt19937 rng(5);
+    std::uniform_real_distribution<double> place(-1e6, 1e6), size(0.0, 300.0);
+    std::vector<std::array<double, 4>> exact;
+    std::vector<TLPackedRTree::Box> boxes;
+    for (int i = 0; i < 5000; ++i) {
+        const double x = place(rng) + 0.1, y = place(rng) + 0.3;
+        exact.push_back({x, y, x + size(rng), y + size(rng)});
+        const auto& e = exact.back();
+        boxes.push_back(TLPackedRTree::Outward(e[0], e[1], e[2], e[3]));
+    }
+    TLPackedRTree tree;
+    std::vector<std::uint32_t> order;
+    tree.Build(boxes, order);
+    ASSERT_EQ(tree.Size(), boxes.size());
+    for (int q = 0; q < 400; ++q) {
+        // Every fourth rectangle starts exactly at a box's right edge.
+        const auto& touched = exact[std::size_t(q) * 7 % exact.size()];
+        const double x0 = q % 4 == 0 ? touched[2] : place(rng),
+                     y0 = q % 4 == 0 ? touched[1] : place(rng);
+        const double x1 = x0 + size(rng) * 10, y1 = y0 + size(rng) * 10;
+        std::set<std::uint32_t> want, got;
+        for (std::uint32_t i = 0; i < exact.size(); ++i) {
+            const auto& e = exact[i];
+            if (e[0] <= x1 && e[2] >= x0 && e[1] <= y1 && e[3] >= y0) want.insert(i);
+        }
+        tree.Search(x0, y0, x1, y1, [&](std::size_t at) {
+            const auto& e = exact[order[at]];
+            if (e[0] <= x1 && e[2] >= x0 && e[1] <= y1 && e[3] >= y0) got.insert(order[at]);
+        });
+        ASSERT_EQ(got, want) << q;
+        if (q % 4 == 0) {
+            EXPECT_TRUE(want.count(std::uint32_t(std::size_t(q) * 7 % exact.size())));
+        }
+    }
 }
 
 }  // namespace
