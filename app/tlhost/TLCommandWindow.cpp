@@ -146,11 +146,6 @@ bool TLCommandWindow::eventFilter(QObject* watched, QEvent* event) {
             recall(key == Qt::Key_Up ? -1 : 1);
             return true;
         }
-        if (key == Qt::Key_Escape) {
-            mInput->clear();
-            Q_EMIT escapePressed();
-            return true;
-        }
     }
     return QWidget::eventFilter(watched, event);
 }

@@ -35,8 +35,6 @@ public:
 
 Q_SIGNALS:
     void lineEntered(const QString& line);
-    // Escape on the input line: what was typed is dropped and the command is to be left.
-    void escapePressed();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

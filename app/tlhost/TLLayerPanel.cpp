@@ -1,8 +1,10 @@
 #include "TLLayerPanel.h"
 
 #include <QContextMenuEvent>
+#include <QDropEvent>
 #include <QHeaderView>
 #include <QMenu>
+#include <algorithm>
 
 #include "TLShellText.h"
 #include "tlmap/TLEditor.h"
@@ -27,6 +29,12 @@ TLLayerPanel::TLLayerPanel(QWidget* parent) : QTreeWidget(parent) {
     header()->setStretchLastSection(false);
     setRootIsDecorated(false);
     setUniformRowHeights(true);
+    // Rows are dragged between rows, never onto one: layers do not nest.
+    setDragEnabled(true);
+    setAcceptDrops(true);
+    setDropIndicatorShown(true);
+    setDragDropMode(QAbstractItemView::InternalMove);
+    invisibleRootItem()->setFlags(invisibleRootItem()->flags() | Qt::ItemIsDropEnabled);
     connect(this, &QTreeWidget::itemChanged, this, &TLLayerPanel::itemChanged);
     connect(this, &QTreeWidget::currentItemChanged, this,
             [this](QTreeWidgetItem* item) { currentChanged(item); });
@@ -60,15 +68,12 @@ void TLLayerPanel::Reload() {
     mSyncing = true;
     clear();
     if (mMap) {
-        // The top row shows the layer on top, which is the map's last.
-        const std::vector<TLRefPtr<TLLayer>> layers = mMap->GetLayers(true);
-        for (auto it = layers.rbegin(); it != layers.rend(); ++it) {
-            const TLRefPtr<TLLayer>& layer = *it;
+        for (const TLRefPtr<TLLayer>& layer : LayersTopFirst()) {
             auto* item = new QTreeWidgetItem(
                 this, {ToQString(layer->GetLayerName()), KindText(layer->GetLayerType())});
             item->setData(NameColumn, kIdRole, layer->GetLayerId());
-            Qt::ItemFlags flags =
-                Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable;
+            Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable |
+                                  Qt::ItemIsUserCheckable | Qt::ItemIsDragEnabled;
             item->setFlags(flags);
             // Only feature layers can be edited; the boxes of a raster would promise what
             // no tool does.
@@ -96,6 +101,14 @@ void TLLayerPanel::Sync() {
             item->setCheckState(EditableColumn, layer->IsEditable() ? Qt::Checked : Qt::Unchecked);
             item->setCheckState(EditingColumn, layer == editing ? Qt::Checked : Qt::Unchecked);
         }
+        // The edit layer stands out by name too, where the eye reads the list.
+        QFont font = item->font(NameColumn);
+        font.setBold(layer == editing);
+        item->setFont(NameColumn, font);
+        item->setToolTip(
+            NameColumn, layer == editing
+                            ? tr("%1: the layer being edited").arg(ToQString(layer->GetLayerName()))
+                            : ToQString(layer->GetLayerName()));
         if (layer == current) setCurrentItem(item);
     }
     mSyncing = false;
@@ -116,6 +129,9 @@ TLLayer* TLLayerPanel::LayerOf(const QTreeWidgetItem* item) const {
 void TLLayerPanel::SetEditLayer(TLLayer* layer) {
     if (!mMap || mMap->editor()->edit_layer() == layer) return;
     mMap->editor()->set_edit_layer(layer);
+    // One layer to work on: measuring and identify start from the current layer, drawing from
+    // the edit layer, and choosing the one chooses the other.
+    if (layer) mMap->SetCurrentLayer(layer);
     Sync();
     Q_EMIT editLayerChanged(layer);
 }
@@ -132,6 +148,47 @@ void TLLayerPanel::SetLayerEditable(TLLayer* layer, bool editable) {
     layer->SetEditable(editable);
     Sync();
     Q_EMIT editableChanged(layer);
+}
+
+std::vector<TLRefPtr<TLLayer>> TLLayerPanel::LayersTopFirst() const {
+    // The map's last layer is drawn on top, so the top row shows the end of its list.
+    std::vector<TLRefPtr<TLLayer>> layers =
+        mMap ? mMap->GetLayers(true) : std::vector<TLRefPtr<TLLayer>>();
+    std::reverse(layers.begin(), layers.end());
+    return layers;
+}
+
+void TLLayerPanel::MoveLayerToRow(TLLayer* layer, int row) {
+    if (!mMap || !layer || !ItemOf(layer)) return;
+    // The map has no move of its own: the layer is taken out and put back in its new place,
+    // and stays the current and the edit layer if it was.
+    TLRefPtr<TLLayer> held(layer);
+    TLRefPtr<TLLayer> current = mMap->GetCurrentLayer();
+    TLLayer* editing = mMap->editor()->edit_layer();
+    mMap->RemoveLayer(layer);
+    // Rows run top first, the map's list bottom first.
+    const int remaining = mMap->GetLayerCount();
+    const int position = remaining - std::clamp(row, 0, remaining);
+    mMap->InsertLayer(position, layer, true);
+    if (editing) mMap->editor()->set_edit_layer(editing);
+    mMap->SetCurrentLayer(current.get());
+    Reload();
+    Q_EMIT orderChanged();
+}
+
+void TLLayerPanel::dropEvent(QDropEvent* event) {
+    TLLayer* dragged = LayerOf(currentItem());
+    // Only rows of this panel are dragged here (the drag mode allows no other source).
+    if (!dragged) return event->ignore();
+    QTreeWidgetItem* target = itemAt(event->pos());
+    int row = target ? indexOfTopLevelItem(target) : topLevelItemCount();
+    if (target && dropIndicatorPosition() == QAbstractItemView::BelowItem) ++row;
+    // The row counted with the dragged layer still in its place.
+    if (row > indexOfTopLevelItem(currentItem())) --row;
+    // The panel is rebuilt from the map: the view does not move the row itself.
+    event->setDropAction(Qt::IgnoreAction);
+    event->accept();
+    MoveLayerToRow(dragged, row);
 }
 
 void TLLayerPanel::itemChanged(QTreeWidgetItem* item, int column) {
@@ -164,8 +221,11 @@ void TLLayerPanel::contextMenuEvent(QContextMenuEvent* event) {
     QMenu menu(this);
     menu.addAction(tr("Zoom to Layer"), this,
                    [this, layer] { Q_EMIT zoomToLayerRequested(layer); });
-    if (dynamic_cast<TLFeatureLayer*>(layer))
+    if (dynamic_cast<TLFeatureLayer*>(layer)) {
         menu.addAction(tr("Edit This Layer"), this, [this, layer] { SetEditLayer(layer); });
+        menu.addAction(tr("Open Attribute Table"), this,
+                       [this, layer] { Q_EMIT attributeTableRequested(layer); });
+    }
     menu.exec(event->globalPos());
 }
 

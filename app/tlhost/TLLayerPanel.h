@@ -1,15 +1,19 @@
 #pragma once
 
 #include <QTreeWidget>
+#include <vector>
+
+#include "tlbase/TLRefBase.h"
 
 namespace TMObjects {
 
 class TLLayer;
 class TLMap;
 
-// The map's layers, top first: whether each is shown, which one is current (the selected row),
-// which one is being edited, and whether a layer may be edited at all. Changes go straight into
-// the map; the signals tell the window what to draw or restart.
+// The map's layers, top first, in the order they are drawn (drag a row to change it): whether each
+// is shown, which one is current (the selected row), which one is being edited, and whether a layer
+// may be edited at all. Changes go straight into the map; the signals tell the window what to draw
+// or restart.
 class TLLayerPanel : public QTreeWidget {
     Q_OBJECT
 
@@ -31,6 +35,10 @@ public:
     void SetEditLayer(TLLayer* layer);
     void SetLayerVisible(TLLayer* layer, bool visible);
     void SetLayerEditable(TLLayer* layer, bool editable);
+    // Moves a layer to a row of the panel (0 the top, drawn over all others), as a drag does.
+    void MoveLayerToRow(TLLayer* layer, int row);
+    // The map's layers in the panel's order, top first.
+    std::vector<TLRefPtr<TLLayer>> LayersTopFirst() const;
 
     static QString KindText(int layerType);
 
@@ -39,9 +47,13 @@ Q_SIGNALS:
     void editLayerChanged(TLLayer* layer);
     void editableChanged(TLLayer* layer);
     void zoomToLayerRequested(TLLayer* layer);
+    // The drawing order changed.
+    void orderChanged();
+    void attributeTableRequested(TLLayer* layer);
 
 protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     void itemChanged(QTreeWidgetItem* item, int column);

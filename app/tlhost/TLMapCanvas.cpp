@@ -13,6 +13,7 @@
 #include "TLLayerStyle.h"
 #include "TLOverlayPainter.h"
 #include "TLRasterPainter.h"
+#include "TLShellText.h"
 #include "hostkit/TLToolDispatcher.h"
 #include "tlmap/TLFeatureLayer.h"
 #include "tlmap/TLRasterLayer.h"
@@ -189,6 +190,7 @@ void TLMapCanvas::OnRefresh(TLLayer* layer, int cacheType, const TLRect& rect) {
     if (cacheType == TLMapCache::SelectionCache) {
         mSelectionDirty = true;
         update();
+        Q_EMIT selectionRefreshed();
         return;
     }
     invalidateMap(rect);
@@ -197,6 +199,7 @@ void TLMapCanvas::OnRefresh(TLLayer* layer, int cacheType, const TLRect& rect) {
 void TLMapCanvas::OnUpdateView() {
     mBandPictures.clear();
     RefreshAll();
+    Q_EMIT selectionRefreshed();
 }
 
 void TLMapCanvas::OnRefreshOverlay() {
@@ -301,9 +304,18 @@ void TLMapCanvas::renderMapArea(QPainter& painter, const QRect& device) {
             TLRefPtr<TLCoordinateSystem> mapSystem = mView->GetMap()->GetSpatialReference();
             TLRefPtr<TLCoordinateSystem> rasterSystem = raster->GetSpatialReference();
             const bool same = !mapSystem || !rasterSystem || mapSystem->IsSame(rasterSystem.get());
-            mRasters->Draw(painter, raster, area, geometry, same, extent);
+            const QString target = same ? QString() : ToQString(mapSystem->ExportToWkt());
+            if (!mRasters->Draw(painter, raster, area, geometry, target, extent))
+                reportRaster(raster);
         }
     }
+}
+
+void TLMapCanvas::reportRaster(TLRasterLayer* raster) {
+    // Once per layer: the canvas is drawn again on every pan and zoom.
+    if (!mRastersReported.insert(raster->GetLayerId()).second) return;
+    Q_EMIT notice(tr("%1 is shown by its outline only: %2")
+                      .arg(ToQString(raster->GetLayerName()), mRasters->LastError()));
 }
 
 void TLMapCanvas::renderSelection() {
@@ -448,13 +460,8 @@ void TLMapCanvas::wheelEvent(QWheelEvent* event) {
 }
 
 void TLMapCanvas::keyPressEvent(QKeyEvent* event) {
-    const bool taken = mDispatcher && mDispatcher->KeyDown(event->key());
-    // Escape belongs to the tool first (a tool may use it to drop what it holds); when the tool
-    // does not take it, it means leave the tool, as on the command line.
-    if (event->key() == Qt::Key_Escape) {
-        if (!taken) Q_EMIT escapePressed();
-        return;
-    }
+    // Escape never comes here: the window takes it wherever the focus is (TLEscapeRouter).
+    if (mDispatcher) mDispatcher->KeyDown(event->key());
     const int dx = int(width() * kArrowShare), dy = int(height() * kArrowShare);
     switch (event->key()) {
         case Qt::Key_Left:

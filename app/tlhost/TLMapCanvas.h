@@ -6,6 +6,7 @@
 #include <QTimer>
 #include <QWidget>
 #include <memory>
+#include <set>
 #include <utility>
 #include <vector>
 
@@ -17,6 +18,7 @@ namespace TMObjects {
 
 class TLLayer;
 class TLOverlayPainter;
+class TLRasterLayer;
 class TLRasterPainter;
 class TLToolDispatcher;
 
@@ -74,8 +76,10 @@ Q_SIGNALS:
     void viewChanged();
     // Printable keys typed while the canvas has the focus, for the command window.
     void textTyped(const QString& text);
-    // Escape that the tool in use did not take.
-    void escapePressed();
+    // The selection overlay is to be drawn again: a selection changed.
+    void selectionRefreshed();
+    // Something the user should know about what is drawn (a raster that could not be).
+    void notice(const QString& text);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -107,6 +111,7 @@ private:
     TLRect mapArea(const QRect& device) const;
     QRect deviceRect(const TLRect& map) const;
     bool layerShown(TLLayer* layer) const;
+    void reportRaster(TLRasterLayer* raster);
     void drawOverlay(QPainter& painter);
     // Copies of the bands as the last overlay refresh showed them, so that a band a tool drops
     // within the event that drew it stays on screen until the next picture or the next redraw
@@ -119,6 +124,7 @@ private:
     TLMapView* mView = nullptr;
     TLToolDispatcher* mDispatcher = nullptr;
     std::unique_ptr<TLRasterPainter> mRasters;
+    std::set<int> mRastersReported;
     QImage mMap;
     QImage mSelection;
     bool mMapAllDirty = true;

@@ -12,10 +12,12 @@ TLShellDocument::TLShellDocument() : mMap(new TLMap) {}
 
 TLShellDocument::~TLShellDocument() = default;
 
-bool TLShellDocument::Open(const QString& path, QString& error) {
+bool TLShellDocument::Open(const QString& path, QString& error,
+                           const std::function<bool(long long, long long)>& progress) {
     mNotes.clear();
     TLString reason;
-    std::unique_ptr<TMWorkspace> workspace = TMWorkspace::Open(ToTLString(path), true, reason);
+    std::unique_ptr<TMWorkspace> workspace =
+        TMWorkspace::Open(ToTLString(path), true, reason, progress);
     if (!workspace) {
         error = ToQString(reason);
         return false;

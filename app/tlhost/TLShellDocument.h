@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -28,7 +29,8 @@ public:
     // editing and puts its layers on the map: feature layers on top, rasters at the bottom. The
     // first coordinate system met becomes the map's. False, with the reason, when nothing could
     // be opened.
-    bool Open(const QString& path, QString& error);
+    bool Open(const QString& path, QString& error,
+              const std::function<bool(long long, long long)>& progress = {});
     // What the last Open read with loss or left out, one line each.
     const QStringList& Notes() const { return mNotes; }
     QStringList Paths() const;

@@ -6,24 +6,38 @@
 #include <QDockWidget>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QInputDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QStatusBar>
 #include <cmath>
 
+#include "TLAttributeTable.h"
 #include "TLCommandWindow.h"
+#include "TLEditLayerChooser.h"
+#include "TLEditReporter.h"
+#include "TLEscapeRouter.h"
 #include "TLLayerPanel.h"
 #include "TLMapCanvas.h"
+#include "TLMapSystem.h"
+#include "TLOpenProgress.h"
 #include "TLPgOpenDialog.h"
+#include "TLRequiredValues.h"
+#include "TLShellCommands.h"
 #include "TLShellDocument.h"
 #include "TLShellText.h"
 #include "TLShellToolTable.h"
+#include "TLSnapSettings.h"
+#include "TLSnapToolBar.h"
 #include "TLToolPalette.h"
 #include "hostkit/TLGuardedApplication.h"
 #include "hostkit/TLHostBuddy.h"
 #include "hostkit/TLToolDispatcher.h"
+#include "tlmap/TLFeatureLayer.h"
 #include "tlmap/TLMapView.h"
+#include "tlmap/TLRubberBand.h"
 #include "tmgis/TLPgConnection.h"
 
 namespace TMObjects {
@@ -48,7 +62,9 @@ TLShellWindow::TLShellWindow(QWidget* parent)
       mView(std::make_unique<TLMapView>(mDocument->MapRef())),
       mBuddy(std::make_unique<TLHostBuddy>(mView.get())),
       mDispatcher(std::make_unique<TLToolDispatcher>(mBuddy.get())),
-      mCanvas(new TLMapCanvas(this)) {
+      mCanvas(new TLMapCanvas(this)),
+      mSnapSettings(new TLSnapSettings(this)),
+      mShellCommands(std::make_unique<TLShellCommands>()) {
     setWindowTitle(QStringLiteral("tlhost[*]"));
     setObjectName("shellWindow");
     mCanvas->setObjectName("mapCanvas");
@@ -58,6 +74,13 @@ TLShellWindow::TLShellWindow(QWidget* parent)
     buildDocks();
     buildMenus();
     buildStatusBar();
+    buildShellCommands();
+    mSnapBar = new TLSnapToolBar(mSnapSettings, this);
+    addToolBar(Qt::TopToolBarArea, mSnapBar);
+    mReporter = new TLEditReporter(mDocument->Map(), this);
+    mReporter->SetScratchPointLayerSource([this] { return mBuddy->ScratchPointLayerId(); });
+    connect(mReporter, &TLEditReporter::reported, mCommands, &TLCommandWindow::AppendHistory);
+    new TLEscapeRouter(this, [this] { Escape(); });
     connectHost();
     mDocument->Map()->editor()->AddListener(this);
     resize(1280, 860);
@@ -66,6 +89,11 @@ TLShellWindow::TLShellWindow(QWidget* parent)
 
 TLShellWindow::~TLShellWindow() {
     TLGuardedApplication::SetFailureHandler(nullptr);
+    // The reporter listens to the map's editor, which goes with the document before the
+    // window's children are deleted.
+    delete mReporter;
+    mReporter = nullptr;
+    mAttributes->Release();
     // The tool lets go of its bands and the command line while the view is still there.
     mDispatcher->Deactivate();
     bindMapSignals(false);
@@ -96,6 +124,15 @@ void TLShellWindow::buildDocks() {
     // and the map keeps the rest of the window's width.
     addDockWidget(Qt::LeftDockWidgetArea, toolDock);
     splitDockWidget(layerDock, toolDock, Qt::Vertical);
+
+    mAttributes = new TLAttributeTable(this);
+    mAttributes->SetView(mView.get());
+    mAttributeDock = new QDockWidget(tr("Attributes"), this);
+    mAttributeDock->setObjectName("attributeDock");
+    mAttributeDock->setWidget(mAttributes);
+    addDockWidget(Qt::RightDockWidgetArea, mAttributeDock);
+    // Out of the way until asked for: the map keeps its width.
+    mAttributeDock->hide();
     resizeDocks({layerDock, toolDock}, {180, 420}, Qt::Vertical);
     resizeDocks({layerDock}, {330}, Qt::Horizontal);
     resizeDocks({commandDock}, {200}, Qt::Vertical);
@@ -132,13 +169,15 @@ void TLShellWindow::buildMenus() {
         tr("Zoom &Out"), this, [this] { mCanvas->ZoomBy(0.5, mCanvas->rect().center()); },
         QKeySequence::ZoomOut);
     view->addSeparator();
+    view->addAction(tr("Map &Coordinate System..."), this, &TLShellWindow::chooseMapSystem);
+    view->addSeparator();
     for (QDockWidget* dock : findChildren<QDockWidget*>())
         view->addAction(dock->toggleViewAction());
 
     QMenu* tools = menuBar()->addMenu(tr("&Tools"));
     mPalette->FillMenu(tools);
     tools->addSeparator();
-    // No shortcut: Escape reaches the tool first, through the canvas and the command line.
+    // No shortcut: Escape reaches the tool first, wherever the focus is (TLEscapeRouter).
     tools->addAction(tr("&Leave Tool\tEsc"), this, &TLShellWindow::LeaveTool);
 }
 
@@ -169,14 +208,18 @@ void TLShellWindow::connectHost() {
     bindMapSignals(true);
     connect(mCommands, &TLCommandWindow::lineEntered, this, &TLShellWindow::lineEntered);
     connect(mCanvas, &TLMapCanvas::textTyped, mCommands, &TLCommandWindow::Type);
-    connect(mCanvas, &TLMapCanvas::escapePressed, this, &TLShellWindow::LeaveTool);
-    connect(mCommands, &TLCommandWindow::escapePressed, this, &TLShellWindow::LeaveTool);
+    connect(mCanvas, &TLMapCanvas::notice, mCommands, &TLCommandWindow::AppendHostLine);
     connect(mCanvas, &TLMapCanvas::pointerMoved, this, &TLShellWindow::showPointer);
     connect(mCanvas, &TLMapCanvas::viewChanged, this, &TLShellWindow::showScale);
     connect(mPalette, &TLToolPalette::toolPicked, this, &TLShellWindow::PickTool);
     connect(mLayers, &TLLayerPanel::visibilityChanged, mCanvas, [this] { mCanvas->RefreshAll(); });
+    connect(mLayers, &TLLayerPanel::orderChanged, mCanvas, [this] { mCanvas->RefreshAll(); });
     connect(mLayers, &TLLayerPanel::editLayerChanged, this, &TLShellWindow::editLayerChanged);
     connect(mLayers, &TLLayerPanel::zoomToLayerRequested, mCanvas, &TLMapCanvas::ZoomToLayer);
+    connect(mLayers, &TLLayerPanel::attributeTableRequested, this,
+            &TLShellWindow::OpenAttributeTable);
+    connect(mCanvas, &TLMapCanvas::selectionRefreshed, mAttributes, &TLAttributeTable::SyncFromMap);
+    connect(mAttributes, &TLAttributeTable::refused, mCommands, &TLCommandWindow::AppendHostLine);
 }
 
 void TLShellWindow::bindMapSignals(bool bind) {
@@ -192,6 +235,8 @@ void TLShellWindow::bindMapSignals(bool bind) {
         return;
     }
     const auto layersChanged = [this](void*, TLEvent*) {
+        if (mReporter) mReporter->Attach();
+        mAttributes->ReloadLayers();
         mLayers->Reload();
         mCanvas->RefreshAll();
     };
@@ -230,6 +275,14 @@ void TLShellWindow::hostEvent(const TLHostEvent& event) {
 // ---- tools ----
 
 void TLShellWindow::PickTool(int index) {
+    startTool(index, true);
+}
+
+void TLShellWindow::restartTool() {
+    if (mDispatcher->ActiveTool() && mPalette->Active() >= 0) startTool(mPalette->Active(), false);
+}
+
+void TLShellWindow::startTool(int index, bool chooseLayer) {
     TLTool* tool = TLShellToolTable::PoolTool(index);
     if (!tool) {
         statusBar()->showMessage(
@@ -242,6 +295,17 @@ void TLShellWindow::PickTool(int index) {
     }
     // Each tool sets the cursor it wants; one that sets none gets the plain arrow.
     mCanvas->setCursor(Qt::ArrowCursor);
+    // The tool in use lets go before the editing moves to a layer the new one can draw on.
+    mDispatcher->Deactivate();
+    if (chooseLayer) {
+        const auto& entry = TLShellToolTable::Entries()[std::size_t(index)];
+        const QString switched = TLEditLayerChooser::Prepare(mDocument->Map(), entry.className,
+                                                             TLToolPalette::Label(entry.className));
+        if (!switched.isEmpty()) {
+            mCommands->AppendHostLine(switched);
+            mLayers->Sync();
+        }
+    }
     mDispatcher->Activate(tool);
     // A tool that found no layer to work on leaves itself at once.
     const bool inUse = mDispatcher->ActiveTool() == tool && tool->isActive();
@@ -259,9 +323,69 @@ void TLShellWindow::LeaveTool() {
     mCanvas->update();
 }
 
+bool TLShellWindow::toolUnderWay() const {
+    for (const TLRubberBand* band : mView->RubberBands())
+        if (band->GetCount() > 0) return true;
+    return false;
+}
+
+void TLShellWindow::Escape() {
+    QLineEdit* input = mCommands->Input();
+    if (!input->text().isEmpty()) {
+        input->clear();
+        return;
+    }
+    TLTool* tool = mDispatcher->ActiveTool();
+    if (!tool || !tool->isActive()) return LeaveTool();
+    const bool underWay = toolUnderWay();
+    const bool taken = mDispatcher->KeyDown(Qt::Key_Escape);
+    if (!underWay) return LeaveTool();
+    // A tool without an Escape of its own drops what it draws by starting again, as if it had
+    // just been picked; the next Escape finds nothing under way and leaves it.
+    if (!taken) restartTool();
+    mCanvas->update();
+}
+
+void TLShellWindow::buildShellCommands() {
+    mShellCommands->Add(
+        QStringLiteral("SNAP"), tr("[ON|OFF|VERTEX ON|OFF|SEGMENT ON|OFF|pixels] snapping"),
+        [this](const QStringList& words) { return mSnapSettings->RunCommand(words); });
+    mShellCommands->Add(
+        QStringLiteral("CRS"), tr("[EPSG:n] the map's coordinate system"),
+        [this](const QStringList& words) {
+            if (words.isEmpty())
+                return tr("Map coordinate system: %1.").arg(TLMapSystem::Describe(mView.get()));
+            return SetMapSystem(words.join(QLatin1Char(' ')));
+        });
+    mShellCommands->Add(QStringLiteral("TABLE"), tr("the attribute table of the current layer"),
+                        [this](const QStringList&) {
+                            OpenAttributeTable(nullptr);
+                            return mAttributes->Layer()
+                                       ? tr("Attributes of %1.")
+                                             .arg(ToQString(mAttributes->Layer()->GetLayerName()))
+                                       : tr("No feature layer to show.");
+                        });
+    mShellCommands->Add(
+        QStringLiteral("HELP"), tr("the shell's commands"), [this](const QStringList&) {
+            return tr("Shell commands (an apostrophe in front runs them while a tool waits): %1")
+                .arg(mShellCommands->Help().join(QStringLiteral("; ")));
+        });
+}
+
 void TLShellWindow::lineEntered(const QString& line) {
-    if (!mBuddy->RegisteredTool()) {
-        statusBar()->showMessage(tr("No command is waiting for typed input."), kNoticeMilliseconds);
+    // The history keeps what was asked and what was answered, as a transcript does.
+    const QString prompt = mCommands->Prompt();
+    mCommands->AppendHistory(prompt.isEmpty() ? QStringLiteral("> %1").arg(line)
+                                              : QStringLiteral("%1 %2").arg(prompt, line));
+    const bool waiting = mBuddy->RegisteredTool() != nullptr;
+    if (mShellCommands->Claims(line, waiting)) {
+        mCommands->AppendHistory(mShellCommands->Run(line));
+        return;
+    }
+    if (!waiting) {
+        mCommands->AppendHistory(tr("No command is waiting for typed input: pick a tool, or type "
+                                    "one of %1.")
+                                     .arg(mShellCommands->Names()));
         return;
     }
     mDispatcher->TypeLine(ToTLString(line));
@@ -270,16 +394,22 @@ void TLShellWindow::lineEntered(const QString& line) {
 
 void TLShellWindow::editLayerChanged() {
     // Tools take the edit layer when they are activated; the one in use starts again on the
-    // new layer, as if it had been picked now.
-    if (mDispatcher->ActiveTool() && mPalette->Active() >= 0) PickTool(mPalette->Active());
+    // layer the user chose, and says so if it cannot draw there.
+    restartTool();
 }
 
 // ---- data ----
 
 bool TLShellWindow::OpenData(const QString& path) {
     const bool first = mDocument->Map()->GetLayerCount() == 0;
+    // A database is named by its connection, shown without its password.
+    const QString name =
+        TLPgConnection::Names(ToTLString(path))
+            ? QString::fromStdString(TLPgConnection::Redacted(ToTLString(path).toStdString()))
+            : QFileInfo(path).fileName();
     QString error;
-    if (!mDocument->Open(path, error)) {
+    TLOpenProgress progress(this, name);
+    if (!mDocument->Open(path, error, progress.Listener())) {
         QMessageBox::warning(this, tr("Open Data"), error);
         return false;
     }
@@ -289,11 +419,6 @@ bool TLShellWindow::OpenData(const QString& path) {
     mLayers->Reload();
     if (first) mCanvas->ZoomToFullExtent();
     mCanvas->RefreshAll();
-    // A database is named by its connection, shown without its password.
-    const QString name =
-        TLPgConnection::Names(ToTLString(path))
-            ? QString::fromStdString(TLPgConnection::Redacted(ToTLString(path).toStdString()))
-            : QFileInfo(path).fileName();
     setWindowTitle(QStringLiteral("tlhost - %1[*]").arg(name));
     if (!hadEditLayer && mDocument->Map()->editor()->edit_layer()) editLayerChanged();
     return true;
@@ -305,7 +430,52 @@ void TLShellWindow::openDialog() {
     if (!path.isEmpty()) OpenData(path);
 }
 
+QString TLShellWindow::SetMapSystem(const QString& definition) {
+    QString error;
+    if (!TLMapSystem::Apply(mView.get(), definition, error)) return error;
+    // What a tool holds is in the old system's coordinates: it starts again in the new one.
+    restartTool();
+    mCanvas->RefreshAll();
+    showScale();
+    return tr("Map coordinate system: %1.").arg(TLMapSystem::Describe(mView.get()));
+}
+
+void TLShellWindow::chooseMapSystem() {
+    bool chosen = false;
+    const QString definition = QInputDialog::getItem(
+        this, tr("Map Coordinate System"), tr("Show the map in (EPSG:n, WKT or PROJ text):"),
+        TLMapSystem::Choices(mView.get()), 0, true, &chosen);
+    if (chosen && !definition.trimmed().isEmpty())
+        mCommands->AppendHistory(SetMapSystem(definition));
+}
+
+void TLShellWindow::OpenAttributeTable(TLLayer* layer) {
+    if (!layer) layer = mDocument->Map()->GetCurrentLayer().get();
+    if (auto* features = dynamic_cast<TLFeatureLayer*>(layer)) mAttributes->ShowLayer(features);
+    mAttributeDock->show();
+    mAttributeDock->raise();
+}
+
+bool TLShellWindow::requiredValuesPresent() {
+    for (TLFeatureLayer* layer : mDocument->UnsavedLayers()) {
+        const TLRequiredValues::Missing missing =
+            TLRequiredValues::FirstMissing(layer, TLRequiredValues::RequiredFields(layer));
+        if (missing.id < 0) continue;
+        const QString name = ToQString(layer->GetLayerName());
+        mCommands->AppendHostLine(tr("Not saved: feature %1 of %2 has no value for %3, which the "
+                                     "layer requires. Type it in the attribute table and save "
+                                     "again.")
+                                      .arg(missing.id)
+                                      .arg(name, missing.field));
+        OpenAttributeTable(layer);
+        mAttributes->EditCell(missing.id, missing.field);
+        return false;
+    }
+    return true;
+}
+
 bool TLShellWindow::SaveEdits() {
+    if (!requiredValuesPresent()) return false;
     QString error;
     const bool saved = mDocument->SaveEdits(error);
     if (!saved)

@@ -6,11 +6,17 @@
 #include "tlmap/TLEditor.h"
 
 class QAction;
+class QDockWidget;
 class QLabel;
 
 namespace TMObjects {
 
+class TLAttributeTable;
 class TLCommandWindow;
+class TLEditReporter;
+class TLShellCommands;
+class TLSnapSettings;
+class TLSnapToolBar;
 class TLHostBuddy;
 class TLLayer;
 class TLLayerPanel;
@@ -38,6 +44,9 @@ public:
     // Picks the tool of the tool table's row: Init and activate through the dispatcher.
     void PickTool(int index);
     void LeaveTool();
+    // Escape, wherever the focus is in the window: typed text goes first, then the tool drops
+    // what it is drawing; with nothing under way the tool is left.
+    void Escape();
     bool SaveEdits();
 
     TLShellDocument* Document() const { return mDocument.get(); }
@@ -53,6 +62,15 @@ public:
     QAction* SaveAction() const { return mSave; }
     QLabel* CoordinateLabel() const { return mCoordinates; }
     QLabel* ScaleLabel() const { return mScale; }
+    TLSnapSettings* Snapping() const { return mSnapSettings; }
+    TLSnapToolBar* SnapBar() const { return mSnapBar; }
+    TLShellCommands* ShellCommands() const { return mShellCommands.get(); }
+    TLAttributeTable* Attributes() const { return mAttributes; }
+    // Shows the attribute table panel on the layer (the current layer for null).
+    void OpenAttributeTable(TLLayer* layer);
+    // Shows the map in another coordinate system ("EPSG:28992", WKT, PROJ); the answer is the
+    // line for the history.
+    QString SetMapSystem(const QString& definition);
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -61,11 +79,19 @@ private:
     void buildDocks();
     void buildMenus();
     void buildStatusBar();
+    void buildShellCommands();
+    // Whether the tool in use holds something the user is drawing: a band with points.
+    bool toolUnderWay() const;
+    // Picks a tool; with `chooseLayer` the editing first moves to a layer of the tool's kind.
+    void startTool(int index, bool chooseLayer);
+    // The tool in use starts again, on the edit layer as it is now.
+    void restartTool();
     void connectHost();
     void bindMapSignals(bool bind);
     void hostEvent(const TLHostEvent& event);
     void lineEntered(const QString& line);
     void openDialog();
+    void chooseMapSystem();
     void undo();
     void redo();
     void updateEditState();
@@ -74,6 +100,9 @@ private:
     void showScale();
     // True when the window may close: no unsaved edits, or the user saved or discarded them.
     bool confirmClose();
+    // False, having told the user and opened the table there, when a feature to be saved lacks
+    // a value its layer requires.
+    bool requiredValuesPresent();
 
     // TLEditorListener
     void OnOperationCommitted(const TLString& label) override;
@@ -94,6 +123,12 @@ private:
     QAction* mSave = nullptr;
     QLabel* mCoordinates = nullptr;
     QLabel* mScale = nullptr;
+    TLSnapSettings* mSnapSettings = nullptr;
+    TLSnapToolBar* mSnapBar = nullptr;
+    std::unique_ptr<TLShellCommands> mShellCommands;
+    TLEditReporter* mReporter = nullptr;
+    TLAttributeTable* mAttributes = nullptr;
+    QDockWidget* mAttributeDock = nullptr;
 };
 
 }  // namespace TMObjects

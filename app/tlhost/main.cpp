@@ -7,8 +7,9 @@
 // output what it opened, and dismisses any dialog (a source that fails to open) rather than wait
 // for a user who is not there.
 //
-// Without DATA it opens the demo GeoPackage, demo/demo.gpkg, looked for below the working
-// directory and then in the source tree the program was built from.
+// Without DATA it opens a working copy of the demo GeoPackage, demo/demo.gpkg, looked for below
+// the working directory and then in the source tree the program was built from: the demo's own
+// file is never written.
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -18,6 +19,7 @@
 #include <iostream>
 
 #include "TLCommandWindow.h"
+#include "TLDemoWorkingCopy.h"
 #include "TLShellWindow.h"
 #include "hostkit/TLGuardedApplication.h"
 #include "hostkit/TLModalAnswerer.h"
@@ -42,6 +44,8 @@ int main(int argc, char** argv) {
     // program (the window points the application at its dispatcher).
     TLGuardedApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("tlhost"));
+    // Where the shell keeps its settings (snapping): ~/.config/tlpluginactionex/tlhost.conf.
+    QApplication::setOrganizationName(QStringLiteral("tlpluginactionex"));
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Desktop shell of the actionex map tools"));
     parser.addHelpOption();
@@ -70,22 +74,31 @@ int main(int argc, char** argv) {
         // The window, and with it every tool's hold on the view, goes before the plugin.
         TLShellWindow window;
         QStringList data = parser.positionalArguments();
+        TLDemoWorkingCopy demoCopy;
+        QString demo;
         if (data.isEmpty()) {
-            const QString demo = demoPath();
+            demo = demoPath();
+            QString error;
             if (demo.isEmpty())
                 window.Commands()->AppendHostLine(QStringLiteral(
                     "demo/demo.gpkg was not found: generate it with scripts/demo, or open data "
                     "from the File menu."));
+            else if (!demoCopy.Make(demo, error))
+                window.Commands()->AppendHostLine(error);
             else
-                data << demo;
+                data << demoCopy.Path();
         }
         const bool scripted = parser.isSet(screenshotOption);
         TLModalAnswerer answerer;
         if (scripted) answerer.Start();
         for (const QString& path : data) {
             const bool opened = window.OpenData(path);
+            // The demo is named as the user knows it; where its copy lies, the history says.
+            const QString shown = path == demoCopy.Path() ? demo : path;
+            if (opened && shown != path) window.Commands()->AppendHistory(demoCopy.Note(demo));
             if (scripted)
-                std::cout << (opened ? "opened " : "could not open ") << path.toStdString() << "\n";
+                std::cout << (opened ? "opened " : "could not open ") << shown.toStdString()
+                          << "\n";
         }
         window.show();
         if (scripted) {

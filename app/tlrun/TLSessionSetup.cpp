@@ -1,6 +1,9 @@
 #include "TLSessionSetup.h"
 
+#include "TLDemRaster.h"
+
 #include <cmath>
+#include <filesystem>
 #include <regex>
 #include <sstream>
 
@@ -175,7 +178,7 @@ bool TLSessionSetup::Knows(const std::string& verb) {
                                         "layer",     "add",       "edit",   "readonly",
                                         "editable",  "current",   "hide",   "show",
                                         "snap",      "tolerance", "select", "modifiers",
-                                        "partmode",  "domain",    "alias",  "annotation-table"};
+                                        "partmode",  "domain",    "alias",  "annotation-table", "dem"};
     for (const char* known : verbs)
         if (verb == known) return true;
     return false;
@@ -185,6 +188,7 @@ bool TLSessionSetup::Run(const TLSessionCommand& c, std::string& error) {
     const std::string& v = c.verb;
     if (v == "demo-data") return demoData(c, error);
     if (v == "open") return open(c, error);
+    if (v == "dem") return dem(c, error);
     if (v == "crs") return crs(c, error);
     if (v == "view") return view(c, error);
     if (v == "layer") return layer(c, error);
@@ -238,6 +242,25 @@ bool TLSessionSetup::open(const TLSessionCommand& c, std::string& error) {
     for (const TLString& note : workspace->GetNotes())
         mSession.Transcript().Event("note", note.toStdString());
     mSession.AddWorkspace(std::move(workspace));
+    return true;
+}
+
+bool TLSessionSetup::dem(const TLSessionCommand& c, std::string& error) {
+    TLDemRaster raster;
+    if (!c.Expect(5, 1000, "dem PATH SHAPE COLUMNS ROWS CELL [OPTION...]", error) ||
+        !raster.Parse(c.words, error))
+        return false;
+    const std::string path = mSession.Resolve(c.words[0]).string();
+    if (mSession.Dry()) {
+        TLScriptLayers::Layer layer;
+        layer.kind = TLLayer::RasterLayer;
+        layer.feature = false;
+        mSession.Known().WillWrite(path, {{std::filesystem::path(path).stem().string(), layer}});
+        return true;
+    }
+    if (!raster.Write(path, error)) return false;
+    mSession.Transcript().Event("data",
+                                "elevation raster " + raster.shape + " written to " + c.words[0]);
     return true;
 }
 

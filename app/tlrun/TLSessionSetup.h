@@ -14,6 +14,10 @@ namespace TMObjects {
 //   open PATH                      opens a data source for editing; its layers go on the map.
 //                                  A PostGIS database is named by its connection, in quotes:
 //                                  open "PG:host=/tmp/pg dbname=gis user=ann"
+//   dem PATH SHAPE COLUMNS ROWS CELL [type=T] [nodata=V] [hole=COL,ROW]...
+//                                  writes an elevation GeoTIFF (see TLDemRaster.h: plane:A:B,
+//                                  cone:H:R, flat:Z; lower-left corner (500000, 5000000) in
+//                                  EPSG:32633); `open` puts it on the map
 //   crs EPSG:N|none                the map's coordinate system
 //   view XMIN YMIN XMAX YMAX W H   the map rectangle shown on a view of W x H pixels; device
 //                                  (0,0) is the top-left corner (XMIN,YMAX), so the two ratios
@@ -55,6 +59,7 @@ public:
 private:
     bool demoData(const TLSessionCommand& c, std::string& error);
     bool open(const TLSessionCommand& c, std::string& error);
+    bool dem(const TLSessionCommand& c, std::string& error);
     bool knowOpened(const std::string& path, std::string& error);
     bool crs(const TLSessionCommand& c, std::string& error);
     bool view(const TLSessionCommand& c, std::string& error);

@@ -3,6 +3,7 @@
 #include <gdal_priv.h>
 #include <ogrsf_frmts.h>
 
+#include <algorithm>
 #include <climits>
 #include <filesystem>
 
@@ -25,6 +26,10 @@ namespace fs = std::filesystem;
 
 namespace {
 
+// Features read between two reports of progress: often enough for a smooth bar, seldom enough
+// to cost nothing next to reading them.
+constexpr long long kProgressStep = 4096;
+
 // "GPKG:/data/demo.gpkg:dem" names the table after the last colon.
 TLString subdatasetName(const std::string& name, const std::string& description) {
     const std::size_t colon = name.rfind(':');
@@ -37,6 +42,17 @@ TLString subdatasetName(const std::string& name, const std::string& description)
 
 std::unique_ptr<TMWorkspace> TMWorkspace::Open(const TLString& path, bool editable,
                                                TLString& error) {
+    return Open(path, editable, error, Progress());
+}
+
+bool TMWorkspace::tell(long long done) {
+    mRead = done;
+    if (mProgress && !mProgress(mRead, mTotal)) mCancelled = true;
+    return !mCancelled;
+}
+
+std::unique_ptr<TMWorkspace> TMWorkspace::Open(const TLString& path, bool editable, TLString& error,
+                                               const Progress& progress) {
     TLGdalCall gdal;
     const std::string file = path.toStdString();
     // A database is opened for its tables only: its rasters would go through another driver,
@@ -70,7 +86,16 @@ std::unique_ptr<TMWorkspace> TMWorkspace::Open(const TLString& path, bool editab
     if (workspace->mDriver == TLString("PostgreSQL")) {
         TLPgWorkspace::ReadLayers(*dataset, file, editable, workspace->mLayers, workspace->mNotes);
     } else {
+        workspace->mProgress = progress;
+        if (progress)
+            for (OGRLayer* layer : dataset->GetLayers())
+                workspace->mTotal += std::max<long long>(0, layer->GetFeatureCount(TRUE));
         workspace->readVectors(*dataset, editable);
+        if (workspace->mCancelled) {
+            error = TLString("Opening " + TLPgConnection::Redacted(file) + " was cancelled.");
+            return nullptr;
+        }
+        workspace->tell(workspace->mTotal);
         workspace->readRasters(*dataset);
     }
     if (workspace->mLayers.empty()) {
@@ -96,6 +121,7 @@ void TMWorkspace::readVectors(GDALDataset& dataset, bool editable) {
         }
         TLRefPtr<TLFeatureLayer> featureLayer =
             readVector(dataset, *layer, storePathOf(dataset, *layer), editable);
+        if (mCancelled) return;
         if (!featureLayer) continue;
         const long long highest = highestIdEver(dataset, *layer);
         if (highest > 0 && highest < INT_MAX)
@@ -146,6 +172,7 @@ TLRefPtr<TLFeatureLayer> TMWorkspace::readVector(GDALDataset& dataset, OGRLayer&
         bool geometryLost = false;
         table->Load(TLOgrValues::ReadFeature(*feature, *table->GetFieldsPtr(), geometryLost));
         if (geometryLost) ++lost;
+        if (++mRead % kProgressStep == 0 && !tell(mRead)) return TLRefPtr<TLFeatureLayer>();
     }
     if (lost > 0)
         mNotes.push_back(TLString("layer ") + name +

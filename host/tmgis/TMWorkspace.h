@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -21,6 +22,12 @@ public:
     // without, they are read-only. Null, with the reason in `error`, when GDAL cannot open it
     // or it holds no layer at all.
     static std::unique_ptr<TMWorkspace> Open(const TLString& path, bool editable, TLString& error);
+    // Told while the features are read, on the caller's thread, every few thousand features and
+    // once at the end: how many of the data source's features are read, of how many. Answering
+    // false stops the reading; Open then answers null and says that it was cancelled.
+    using Progress = std::function<bool(long long done, long long total)>;
+    static std::unique_ptr<TMWorkspace> Open(const TLString& path, bool editable, TLString& error,
+                                             const Progress& progress);
 
     const TLString& GetPath() const { return mPath; }
     // GDAL's short name of the format: "GPKG", "ESRI Shapefile", "GeoJSON", "GTiff", ...
@@ -35,6 +42,8 @@ public:
 
 private:
     TMWorkspace() = default;
+    // False when the progress listener asked to stop.
+    bool tell(long long done);
     void readVectors(GDALDataset& dataset, bool editable);
     // The path of one layer's own data source: a folder of Shapefiles is a data source of many
     // layers in a format without transactions, but each of its layers can be saved alone.
@@ -53,6 +62,9 @@ private:
     TLString mDriver;
     std::vector<TLRefPtr<TLLayer>> mLayers;
     std::vector<TLString> mNotes;
+    Progress mProgress;
+    long long mRead = 0, mTotal = 0;
+    bool mCancelled = false;
 };
 
 }  // namespace TMObjects

@@ -6,6 +6,7 @@
 #   # data: FILE       a demo GeoPackage written at FILE in the working folder before the run
 #   # untouched: FILE  FILE must be byte for byte what it was before the run
 #   # arguments: FILE  data named after the script on tlrun's command line, in the working folder
+#   # copy: FILE       FILE, a path beside the script, copied into the working folder first
 #   # plugin: faulty   the faulty test plugin (FAULTY_PLUGIN) is loaded instead of the real one
 # Called by ctest with TLRUN, SCRIPT, WORKDIR and FAULTY_PLUGIN.
 file(REMOVE_RECURSE ${WORKDIR})
@@ -19,6 +20,13 @@ foreach(line ${data})
   if(NOT made EQUAL 0)
     message(FATAL_ERROR "the demo data ${file} could not be written")
   endif()
+endforeach()
+
+get_filename_component(script_dir ${SCRIPT} DIRECTORY)
+file(STRINGS ${SCRIPT} copies REGEX "^# copy: ")
+foreach(line ${copies})
+  string(REGEX REPLACE "^# copy: " "" file "${line}")
+  file(COPY ${script_dir}/${file} DESTINATION ${WORKDIR})
 endforeach()
 
 file(STRINGS ${SCRIPT} untouched REGEX "^# untouched: ")

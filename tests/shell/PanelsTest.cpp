@@ -83,11 +83,35 @@ private Q_SLOTS:
         QCOMPARE(prompt(), QString());
     }
 
-    void aToolWithoutAnEditLayerLeavesAndTheShellSaysWhy() {
+    void aDrawingToolWithoutALayerOfItsKindGetsOne() {
         tickLayerBox("wells", TLLayerPanel::EditingColumn, false);
         QVERIFY(!window->Document()->Map()->editor()->edit_layer());
         pickFromPalette("TLCmdDigitizePoint");
+        QCOMPARE(window->Document()->Map()->editor()->edit_layer(), layer("wells"));
+        QCOMPARE(window->Document()->Map()->GetCurrentLayer().get(),
+                 static_cast<TLLayer*>(layer("wells")));
+        QCOMPARE(window->Palette()->Active(), TLShellToolTable::IndexOf("TLCmdDigitizePoint"));
+        QVERIFY(history().contains("Digitize Point draws on a point layer: now editing wells."));
+        QCOMPARE(window->Layers()->ItemOf(layer("wells"))->checkState(TLLayerPanel::EditingColumn),
+                 Qt::Checked);
+        QVERIFY(window->Layers()->ItemOf(layer("wells"))->font(TLLayerPanel::NameColumn).bold());
+
+        // The line command moves the editing to the one line layer.
+        pickFromPalette("TLCmdDigitizeLine");
+        QCOMPARE(window->Document()->Map()->editor()->edit_layer(), layer("roads"));
+        QVERIFY(!window->Layers()->ItemOf(layer("wells"))->font(TLLayerPanel::NameColumn).bold());
+        QCOMPARE(prompt(), QString("Specify the first point:"));
+    }
+
+    void aDrawingToolWithNoLayerOfItsKindSaysWhichItNeeds() {
+        tickLayerBox("wells", TLLayerPanel::EditingColumn, false);
+        tickLayerBox("wells", TLLayerPanel::EditableColumn, false);
+        pickFromPalette("TLCmdDigitizePoint");
         QCOMPARE(window->Palette()->Active(), -1);
+        QVERIFY(
+            history().contains("Digitize Point draws on a point layer, and no point layer is "
+                               "open for editing: tick Editable on one, or open one from the "
+                               "File menu."));
         QVERIFY(window->statusBar()->currentMessage().contains("No layer is being edited"));
     }
 
@@ -124,11 +148,14 @@ private Q_SLOTS:
         QCOMPARE(window->Palette()->Active(), -1);
         QCOMPARE(prompt(), QString());
 
+        // Typed text goes first; the next Escape leaves the tool.
         pickFromPalette("TLCmdDigitizePoint");
         QLineEdit* input = window->Commands()->Input();
         QTest::keyClicks(input, "12,");
         QTest::keyClick(input, Qt::Key_Escape);
         QVERIFY(input->text().isEmpty());
+        QVERIFY(window->Dispatcher()->ActiveTool());
+        QTest::keyClick(input, Qt::Key_Escape);
         QVERIFY(!window->Dispatcher()->ActiveTool());
         QCOMPARE(layer("wells")->GetDatasource()->GetFeatureCount(), 3);
     }
@@ -160,6 +187,40 @@ private Q_SLOTS:
         QCOMPARE(panel->currentItem(), panel->ItemOf(layer("roads")));
         map->RemoveLayer(scratch);
         QCOMPARE(panel->topLevelItemCount(), 3);
+    }
+
+    void layersAreReorderedByDraggingTheirRows() {
+        TLLayerPanel* panel = window->Layers();
+        const auto rows = [panel] {
+            QStringList names;
+            for (int i = 0; i < panel->topLevelItemCount(); ++i)
+                names << panel->topLevelItem(i)->text(TLLayerPanel::NameColumn);
+            return names;
+        };
+        // The map's last layer is on top, so the top row shows the source's last layer.
+        QCOMPARE(rows(), (QStringList{"parcels", "roads", "wells"}));
+        const int renders = window->Canvas()->RenderCount();
+        // Rows are dragged, one at a time, between rows and never onto one.
+        QCOMPARE(panel->dragDropMode(), QAbstractItemView::InternalMove);
+        QVERIFY(panel->topLevelItem(2)->flags() & Qt::ItemIsDragEnabled);
+        QVERIFY(!(panel->topLevelItem(0)->flags() & Qt::ItemIsDropEnabled));
+        // What a drop of wells on the top row does: wells become the map's last layer.
+        panel->MoveLayerToRow(layer("wells"), 0);
+        QCOMPARE(rows(), (QStringList{"wells", "parcels", "roads"}));
+        std::vector<TLLayer*> order;
+        for (const TLRefPtr<TLLayer>& each : panel->LayersTopFirst()) order.push_back(each.get());
+        QCOMPARE(order, (std::vector<TLLayer*>{layer("wells"), layer("parcels"), layer("roads")}));
+        QCOMPARE(window->Document()->Map()->GetLayers(true).back().get(), layer("wells"));
+        // The current and edit layers are the same layers as before the move.
+        QCOMPARE(window->Document()->Map()->editor()->edit_layer(), layer("wells"));
+        QCoreApplication::processEvents();
+        QVERIFY(window->Canvas()->RenderCount() > renders);
+        QVERIFY(window->Canvas()->LastRender().full);
+
+        // A drop below the last row puts the layer at the bottom of the map.
+        panel->MoveLayerToRow(layer("wells"), 9);
+        QCOMPARE(rows(), (QStringList{"parcels", "roads", "wells"}));
+        QCOMPARE(window->Document()->Map()->GetLayers(true).front().get(), layer("wells"));
     }
 
     void upAndDownRecallEarlierLines() {
@@ -214,7 +275,10 @@ private Q_SLOTS:
 
     void aLineTypedWithNoCommandWaitingIsNotLost() {
         typeLine("100,100");
-        QVERIFY(window->statusBar()->currentMessage().contains("No command"));
+        QCOMPARE(history().mid(history().size() - 2),
+                 (QStringList{"> 100,100",
+                              "No command is waiting for typed input: pick a tool, "
+                              "or type one of SNAP, CRS, TABLE, HELP."}));
         QTest::keyClick(window->Commands()->Input(), Qt::Key_Up);
         QCOMPARE(window->Commands()->Input()->text(), QString("100,100"));
     }

@@ -6,6 +6,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMouseEvent>
+#include <QSettings>
 #include <QTest>
 #include <QTreeWidget>
 
@@ -49,6 +50,7 @@ void ShellFixture::openDemoShell() {
 }
 
 void ShellFixture::showWindowOnData() {
+    QSettings().clear();
     window = std::make_unique<TLShellWindow>();
     window->resize(1100, 760);
     window->show();

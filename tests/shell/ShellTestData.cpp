@@ -45,12 +45,17 @@ OGRLayer* makeLayer(GDALDataset* dataset, const char* name, OGRwkbGeometryType t
 
 }  // namespace
 
-QString ShellTestData::WriteGeoPackage(const QString& folder) {
+std::unique_ptr<GDALDataset> ShellTestData::NewGeoPackage(const QString& path) {
     GDALAllRegister();
-    const QString path = folder + "/shell.gpkg";
     GDALDriver* driver = GetGDALDriverManager()->GetDriverByName("GPKG");
-    std::unique_ptr<GDALDataset> dataset(
+    return std::unique_ptr<GDALDataset>(
         driver->Create(path.toUtf8().constData(), 0, 0, 0, GDT_Unknown, nullptr));
+}
+
+QString ShellTestData::WriteGeoPackage(const QString& folder) {
+    const QString path = folder + "/shell.gpkg";
+    std::unique_ptr<GDALDataset> dataset = NewGeoPackage(path);
+    if (!dataset) return QString();
     OGRSpatialReference srs;
     srs.importFromEPSG(3857);
     OGRLayer* wells = makeLayer(dataset.get(), "wells", wkbPoint, &srs);
@@ -102,6 +107,31 @@ QString ShellTestData::WriteRaster(const QString& folder) {
         CE_None)
         return QString();
     return path;
+}
+
+QString ShellTestData::WriteSites(const QString& folder) {
+    const QString path = folder + "/sites.gpkg";
+    std::unique_ptr<GDALDataset> dataset = NewGeoPackage(path);
+    if (!dataset) return QString();
+    OGRSpatialReference srs;
+    srs.importFromEPSG(3857);
+    OGRLayer* sites = dataset->CreateLayer("sites", &srs, wkbPoint, nullptr);
+    OGRFieldDefn owner("owner", OFTString);
+    owner.SetNullable(FALSE);
+    OGRFieldDefn area("area", OFTReal);
+    OGRFieldDefn visits("visits", OFTInteger);
+    if (sites->CreateField(&owner) != OGRERR_NONE || sites->CreateField(&area) != OGRERR_NONE ||
+        sites->CreateField(&visits) != OGRERR_NONE)
+        return QString();
+    const auto add = [sites](double x, double y, const char* name, double size, int count) {
+        std::unique_ptr<OGRFeature> feature(OGRFeature::CreateFeature(sites->GetLayerDefn()));
+        feature->SetField("owner", name);
+        feature->SetField("area", size);
+        feature->SetField("visits", count);
+        feature->SetGeometryDirectly(new OGRPoint(x, y));
+        return sites->CreateFeature(feature.get()) == OGRERR_NONE;
+    };
+    return add(100, 100, "Ames", 12.5, 3) && add(300, 300, "Bell", 7, 10) ? path : QString();
 }
 
 }  // namespace TMObjects

@@ -2,6 +2,8 @@
 // the first argument (the remaining arguments go to QTest).
 
 #include <QApplication>
+#include <QSettings>
+#include <QTemporaryDir>
 #include <QTest>
 #include <iostream>
 
@@ -16,6 +18,12 @@ int main(int argc, char** argv) {
             qgetenv("QT_QPA_PLATFORM").isEmpty() ? "offscreen" : qgetenv("QT_QPA_PLATFORM"));
     // The application the desktop runs: a dialog's failing slot is reported, not fatal.
     TLGuardedApplication app(argc, argv);
+    // The shell keeps its settings (snapping) in the user's; the tests keep theirs apart, and
+    // each test starts from the defaults a new user finds (see ShellFixture).
+    QTemporaryDir settings;
+    QCoreApplication::setOrganizationName(QStringLiteral("tlpluginactionex-tests"));
+    QSettings::setDefaultFormat(QSettings::IniFormat);
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, settings.path());
     TLPluginLoader loader;
     if (!loader.Load(TLPluginLoader::DefaultPluginPath())) {
         std::cerr << "plugin: " << loader.Error() << "\n";
