@@ -15,9 +15,9 @@
 namespace TMObjects {
 
 void TLSessionRunner::report(const TLSessionScript& script, int line, const std::string& what) {
-    mErrors << script.Path();
+    mErrors << TLSessionScript::Escaped(script.Path());
     if (line > 0) mErrors << ":" << line;
-    mErrors << ": " << what << "\n";
+    mErrors << ": " << TLSessionScript::Escaped(what) << "\n";
     mErrors.flush();
 }
 

@@ -1,7 +1,9 @@
 #include "TLSessionScript.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 
@@ -129,18 +131,47 @@ bool TLSessionCommand::Choice(std::size_t index, const char* choices, const char
 
 bool TLSessionScript::Load(const std::string& path, std::string& error) {
     mPath = path;
-    std::ifstream in(path, std::ios::binary);
-    if (!in) {
+    // A folder opens as a stream that reads nothing: a script that runs nothing must not pass.
+    std::error_code failed;
+    std::ifstream in;
+    if (std::filesystem::is_regular_file(path, failed)) in.open(path, std::ios::binary);
+    std::ostringstream text;
+    if (in) text << in.rdbuf();
+    if (!in.is_open() || in.bad()) {
         error = path + ": cannot read the script";
         return false;
     }
-    std::ostringstream text;
-    text << in.rdbuf();
     if (!Parse(text.str(), error)) {
         error = path + ":" + error;
         return false;
     }
+    const bool commands = std::any_of(mCommands.begin(), mCommands.end(),
+                                      [](const TLSessionCommand& c) { return c.verb != "#"; });
+    if (!commands) {
+        error = path + ": cannot read the script: it holds no command";
+        return false;
+    }
     return true;
+}
+
+std::string TLSessionScript::Escaped(const std::string& text) {
+    static const char* const hex = "0123456789abcdef";
+    std::string line;
+    line.reserve(text.size());
+    for (char c : text) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (c == '\n')
+            line += "\\n";
+        else if (c == '\r')
+            line += "\\r";
+        else if (c == '\t')
+            line += "\\t";
+        else if (byte < 0x20 || byte == 0x7F)
+            line += std::string("\\x") + hex[byte >> 4] + hex[byte & 15];
+        else
+            line += c;
+    }
+    return line;
 }
 
 bool TLSessionScript::Parse(const std::string& text, std::string& error) {
@@ -151,7 +182,7 @@ bool TLSessionScript::Parse(const std::string& text, std::string& error) {
         // A byte order mark some editors write is no part of the first command.
         if (number == 1 && raw.compare(0, 3, "\xEF\xBB\xBF") == 0) raw.erase(0, 3);
         if (!validUtf8(raw)) {
-            error = std::to_string(number) + ": the line is not UTF-8 text";
+            error = std::to_string(number) + ": cannot read the script: the line is not UTF-8 text";
             return false;
         }
         const std::string line = trimmed(raw);

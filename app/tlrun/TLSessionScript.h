@@ -38,7 +38,8 @@ struct TLSessionCommand {
 // place. Blank lines are skipped.
 class TLSessionScript {
 public:
-    // False with the reason in `error` as "FILE:LINE: ...".
+    // False with the reason in `error` as "FILE:LINE: ...", or "FILE: cannot read the script"
+    // for a folder, a file without permission to read, or one that holds no command.
     bool Load(const std::string& path, std::string& error);
     // False with the reason as "LINE: ...".
     bool Parse(const std::string& text, std::string& error);
@@ -50,6 +51,10 @@ public:
 
     // A command made of words, as if it had been written on line `line`.
     static TLSessionCommand Make(int line, const std::vector<std::string>& words);
+
+    // `text` on one line: control characters (a newline a quoted word brought in) are written as
+    // escapes, so that a message is one line of the standard error and the last is "FILE:LINE".
+    static std::string Escaped(const std::string& text);
 
 private:
     static bool split(TLSessionCommand& command, std::string& error);

@@ -105,7 +105,7 @@ int main(int argc, char** argv) {
     TMObjects::TLSessionScript script;
     std::string error;
     if (!script.Load(arguments.script, error)) {
-        std::cerr << error << "\n";
+        std::cerr << TMObjects::TLSessionScript::Escaped(error) << "\n";
         return 2;
     }
     std::vector<TMObjects::TLSessionCommand> opens;

@@ -1,5 +1,7 @@
 #include "tlmap/TLLayerEditBuffer.h"
 
+#include "tlbase/TLCoordinateLimit.h"
+
 #include <cmath>
 
 #include "tlmap/TLEditor.h"
@@ -24,15 +26,31 @@ const TLField* writableField(const TLFeatureTable* table, const TLString& name) 
     return field->IsSystemField() || field->IsGeoField() ? nullptr : field;
 }
 
-// Coordinates that are no numbers (a circle through three points on one level) make no shape a
-// store can keep or a reader can draw: such a write is refused rather than stored as junk.
-bool finiteShape(TLGeometry* geometry) {
+// Coordinates that are no numbers (a circle through three points on one level), or too large for
+// any store or projection (a typed 1e308), make no shape a store can keep or a reader can draw:
+// such a write is refused rather than stored as junk. Null when the shape is usable, else what is
+// wrong with it.
+const char* const kNotFinite = "the shape has a coordinate that is not a finite number.";
+
+const char* unusableShape(TLGeometry* geometry) {
     double* xy = nullptr;
     int count = 0;
-    if (!geometry || !geometry->GetRawPoints(&xy, count) || !xy) return true;
-    for (int i = 0; i < 2 * count; ++i)
-        if (!std::isfinite(xy[i])) return false;
-    return true;
+    if (!geometry || !geometry->GetRawPoints(&xy, count) || !xy) return nullptr;
+    for (int i = 0; i < 2 * count; ++i) {
+        if (!std::isfinite(xy[i])) return kNotFinite;
+        if (!TLUsableCoordinate(xy[i]))
+            return "the shape has a coordinate beyond 1e15, which no store or projection can "
+                   "hold.";
+    }
+    return nullptr;
+}
+
+// The write is not done; the editor's listeners hear why (the host shows it on the command
+// window).
+void refuse(TLEditor* editor, const TLString& layer, const char* verb, const char* why) {
+    if (editor)
+        editor->ReportRefusal(TLString("No feature was ") + TLString(verb) + TLString(" in ") +
+                              layer + TLString(": ") + TLString(why));
 }
 
 }  // namespace
@@ -61,8 +79,8 @@ TLLayerEditBuffer::TLLayerEditBuffer(TLFeatureLayer* layer) : mLayer(layer) {}
 TLLayerEditBuffer::~TLLayerEditBuffer() = default;
 
 void TLLayerEditBuffer::AddFeature(TLFeature& feature, bool notify, bool) {
-    if (!finiteShape(feature.GetGeometry().get())) {
-        refuseShape("added");
+    if (const char* why = unusableShape(feature.GetGeometry().get())) {
+        refuse(editor(), mLayer->GetLayerName(), "added", why);
         return;
     }
     FlushOpened();
@@ -85,8 +103,8 @@ void TLLayerEditBuffer::DeleteFeature(const int& id, bool notify, bool) {
 
 void TLLayerEditBuffer::changeGeometry(const int& id, TLRefPtr<TLGeometry> geometry, bool notify) {
     if (!geometry) return;
-    if (!finiteShape(geometry.get())) {
-        refuseShape("changed");
+    if (const char* why = unusableShape(geometry.get())) {
+        refuse(editor(), mLayer->GetLayerName(), "changed", why);
         return;
     }
     FlushOpened();
@@ -171,10 +189,7 @@ void TLLayerEditBuffer::record(int id, std::optional<TLFeature> before, const TL
 }
 
 void TLLayerEditBuffer::refuseShape(const char* verb) {
-    if (TLEditor* e = editor())
-        e->ReportRefusal(TLString("No feature was ") + TLString(verb) + TLString(" in ") +
-                         mLayer->GetLayerName() +
-                         TLString(": the shape has a coordinate that is not a finite number."));
+    refuse(editor(), mLayer->GetLayerName(), verb, kNotFinite);
 }
 
 void TLLayerEditBuffer::changed(bool notify) {

@@ -4,8 +4,11 @@
 #include <cmath>
 #include <string>
 
+#include "tlbase/TLCoordinateLimit.h"
+#include "tlmap/TLEditor.h"
 #include "tlmap/TLFeatureLayer.h"
 #include "tlmap/TLRubberBand.h"
+#include "tlsymbol/TLViewLimits.h"
 
 namespace TMObjects {
 
@@ -42,6 +45,20 @@ Units unitsOf(TLCoordinateSystem* reference) {
     if (units == "mi" || units == "us-mi") return {TLUnitMiles, TLMiles};
     if (units == "kmi") return {TLUnitNauticalMiles, TLNauticalMiles};
     return {TLUnitUnknown, TLUnknownUnits};
+}
+
+// Whatever a tool asks, the view stays finite and usable: an area the display transform cannot
+// show leaves the view as it was, and the user hears why through the editor's listeners (the
+// host shows it on the command window).
+void refuseView(TLMap* map, const TLRect& bounds) {
+    if (!map) return;
+    const bool far =
+        !TLUsableCoordinate(bounds.XMinimum()) || !TLUsableCoordinate(bounds.XMaximum()) ||
+        !TLUsableCoordinate(bounds.YMinimum()) || !TLUsableCoordinate(bounds.YMaximum());
+    map->editor()->ReportRefusal(
+        TLString(far ? "The view was kept: the area to show reaches beyond 1e15, where no map "
+                       "can be drawn."
+                     : "The view was kept: the area to show is too small to be drawn."));
 }
 
 }  // namespace
@@ -129,6 +146,10 @@ void TLMapView::SetDeviceSize(int width, int height) {
 
 void TLMapView::SetVisibleBounds(const TLRect& bounds) {
     if (bounds.IsEmpty() || !finite(bounds)) return;
+    if (!TLCanShow(*GetDisplayTransform(), bounds)) {
+        refuseView(mMap.get(), bounds);
+        return;
+    }
     GetDisplayTransform()->SetVisibleBounds(bounds);
     visibleBoundsChanged();
 }
@@ -147,7 +168,12 @@ void TLMapView::centreOn(const TLPoint& centre) {
     }
     // Set directly: going through SetVisibleBounds would recompute the resolution and let the
     // scale drift by rounding.
-    t->mVisibleBounds = TLRect(centre.x - hw, centre.x + hw, centre.y - hh, centre.y + hh);
+    const TLRect moved(centre.x - hw, centre.x + hw, centre.y - hh, centre.y + hh);
+    if (!TLCanShow(*t, moved)) {
+        refuseView(mMap.get(), moved);
+        return;
+    }
+    t->mVisibleBounds = moved;
     visibleBoundsChanged();
 }
 

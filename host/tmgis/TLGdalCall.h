@@ -22,6 +22,11 @@ public:
     std::string Failures() const;
     // The failures, or `fallback` when GDAL gave no reason.
     std::string Reason(const std::string& fallback) const;
+    // The first failure only, or `fallback`: where one failure brings a train of others (a full
+    // disk, then every statement GDAL tries after it), the first is the cause.
+    std::string FirstFailure(const std::string& fallback) const {
+        return mFailures.empty() ? fallback : mFailures.front();
+    }
     bool HasFailures() const { return !mFailures.empty(); }
     const std::vector<std::string>& Warnings() const { return mWarnings; }
 

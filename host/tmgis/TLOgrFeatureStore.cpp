@@ -8,7 +8,9 @@
 #include <memory>
 
 #include "tlsde/TLFeatureTable.h"
+#include "tmgis/TLFileSwap.h"
 #include "tmgis/TLGdalCall.h"
+#include "tmgis/TLGeoPackageGuard.h"
 #include "tmgis/TLOgrValues.h"
 
 namespace TMObjects {
@@ -24,44 +26,12 @@ GDALDatasetUniquePtr openForWriting(const std::string& path) {
         GDALDataset::Open(path.c_str(), GDAL_OF_VECTOR | GDAL_OF_UPDATE | GDAL_OF_VERBOSE_ERROR));
 }
 
-// A fresh directory beside the original, so that the final renames stay on one file system and
-// are atomic.
-bool makeScratchDirectory(const fs::path& beside, fs::path& made) {
-    std::string pattern = (beside / ".tlsave-XXXXXX").string();
-    if (!mkdtemp(pattern.data())) return false;
-    made = pattern;
-    return true;
-}
-
 std::vector<std::string> fileList(GDALDataset& dataset) {
     std::vector<std::string> files;
     char** list = dataset.GetFileList();
     for (char** f = list; f && *f; ++f) files.emplace_back(*f);
     CSLDestroy(list);
     return files;
-}
-
-// Moves every file of `scratch` over its namesake in `into`; files of the old data source that
-// the new one does not have (a spatial index of the old contents) are removed.
-bool swapIn(const fs::path& scratch, const fs::path& into, const std::vector<std::string>& old,
-            std::string& why) {
-    std::set<std::string> fresh;
-    for (const auto& entry : fs::directory_iterator(scratch)) {
-        std::error_code failed;
-        fs::rename(entry.path(), into / entry.path().filename(), failed);
-        if (failed) {
-            why = "cannot replace " + (into / entry.path().filename()).string() + ": " +
-                  failed.message();
-            return false;
-        }
-        fresh.insert(entry.path().filename().string());
-    }
-    for (const std::string& file : old) {
-        if (fresh.count(fs::path(file).filename().string())) continue;
-        std::error_code ignored;
-        fs::remove(file, ignored);
-    }
-    return true;
 }
 
 }  // namespace
@@ -109,6 +79,9 @@ bool TLOgrFeatureStore::Commit(const TLFeatureTable& table,
                                const std::vector<TLFeatureChange>& changes, TLString& error) {
     TLGdalCall gdal;
     const std::string path = mPath.toStdString();
+    // Read before GDAL writes anything: what a GeoPackage says of the layer beside its rows.
+    TLGeoPackageGuard guard;
+    guard.Take(path, mLayerName.toStdString());
     GDALDatasetUniquePtr dataset = openForWriting(path);
     if (!dataset) {
         error = TLString("Cannot open " + path + " for writing: " +
@@ -121,10 +94,26 @@ bool TLOgrFeatureStore::Commit(const TLFeatureTable& table,
                 TLString("\" is no longer in " + path + "." + kUntouched);
         return false;
     }
-    if (dataset->TestCapability(ODsCTransactions))
-        return commitInTransaction(*dataset, *layer, changes, gdal, error);
+    if (!dataset->TestCapability(ODsCTransactions)) {
+        dataset.reset();
+        return commitByRewrite(table, changes, error);
+    }
+    if (commitInTransaction(*dataset, *layer, changes, gdal, error)) return true;
+    // GDAL writes some of its records after a failed transaction, as it lets the file go.
     dataset.reset();
-    return commitByRewrite(table, changes, error);
+    std::string why;
+    if (guard.Restore(why) == TLGeoPackageGuard::NotPutBack) {
+        std::string text = error.toStdString();
+        const std::string untouched = kUntouched;
+        if (text.size() >= untouched.size() &&
+            text.compare(text.size() - untouched.size(), untouched.size(), untouched) == 0)
+            text.erase(text.size() - untouched.size());
+        error = TLString(text +
+                         " No feature was saved, but the file's record of the layer "
+                         "(its count and extent) could not be put back: " +
+                         why + ". The next open of the file repairs it.");
+    }
+    return false;
 }
 
 bool TLOgrFeatureStore::commitInTransaction(GDALDataset& dataset, OGRLayer& layer,
@@ -148,10 +137,14 @@ bool TLOgrFeatureStore::commitInTransaction(GDALDataset& dataset, OGRLayer& laye
         error = failure(change.id, why);
         return false;
     }
-    if (dataset.CommitTransaction() != OGRERR_NONE) {
+    // GDAL's own records of the layer (its count, its extent, the triggers it dropped for the
+    // writing) go into the same transaction: left to GDAL, they follow in transactions of their
+    // own, and a kill in between leaves a file whose records do not match its rows.
+    if (layer.SyncToDisk() != OGRERR_NONE || dataset.CommitTransaction() != OGRERR_NONE) {
+        const std::string why = gdal.FirstFailure("the data source refused");
         dataset.RollbackTransaction();
-        error = TLString("Cannot commit to " + mPath.toStdString() + ": " +
-                         gdal.Reason("the data source refused") + "." + kUntouched);
+        error =
+            TLString("Saving \"") + mLayerName + TLString("\" failed: " + why + "." + kUntouched);
         return false;
     }
     for (const TLFeatureChange& change : changes)
@@ -220,8 +213,12 @@ bool TLOgrFeatureStore::commitByRewrite(const TLFeatureTable& table,
         changed.insert(change.id);
         if (change.isNew) created.insert(change.id);
     }
+    // The data source may have been named by another of its files (a Shapefile's ".shx"): the
+    // copy is made under the name of its main file, which GDAL lists first.
+    const std::vector<std::string> oldFiles = fileList(*source);
+    const fs::path main = oldFiles.empty() ? original : fs::path(oldFiles.front());
     fs::path scratch;
-    if (!makeScratchDirectory(original.parent_path(), scratch)) {
+    if (!TLFileSwap::MakeScratch(original, scratch)) {
         error = TLString("Cannot make a scratch directory beside " + original.string() + "." +
                          kUntouched);
         return false;
@@ -233,8 +230,8 @@ bool TLOgrFeatureStore::commitByRewrite(const TLFeatureTable& table,
     std::map<int, long long> ids;
     std::string why;
     {
-        GDALDatasetUniquePtr copy(source->GetDriver()->Create(
-            (scratch / original.filename()).c_str(), 0, 0, 0, GDT_Unknown, nullptr));
+        GDALDatasetUniquePtr copy(source->GetDriver()->Create((scratch / main.filename()).c_str(),
+                                                              0, 0, 0, GDT_Unknown, nullptr));
         OGRLayer* target = copy ? copy->CreateLayer(old->GetName(), old->GetSpatialRef(),
                                                     old->GetGeomType(), nullptr)
                                 : nullptr;
@@ -262,14 +259,16 @@ bool TLOgrFeatureStore::commitByRewrite(const TLFeatureTable& table,
             return false;
         }
     }
-    const std::vector<std::string> oldFiles = fileList(*source);
     source.reset();
-    if (!swapIn(scratch, original.parent_path(), oldFiles, why)) {
-        discard();
-        error = TLString("Saving \"") + mLayerName + TLString("\" failed: " + why + ".");
+    // Once the swap is decided it is finished, now or at the next open of the folder.
+    bool decided = false;
+    if (!TLFileSwap::Swap(scratch, main.parent_path(), oldFiles, decided, why)) {
+        error = TLString("Saving \"") + mLayerName +
+                TLString(decided ? "\" failed while the new files were put in place: " + why +
+                                       ". The next open of the data source finishes the save."
+                                 : "\" failed: " + why + "." + kUntouched);
         return false;
     }
-    discard();
     mStoredIds.clear();
     for (const auto& [id, stored] : ids)
         if (stored != id) mStoredIds[id] = stored;

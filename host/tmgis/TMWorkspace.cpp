@@ -9,6 +9,7 @@
 
 #include "tlmap/TLRasterLayer.h"
 #include "tlsde/TLFeatureTable.h"
+#include "tmgis/TLDataRecovery.h"
 #include "tmgis/TLGdalCall.h"
 #include "tmgis/TLGdalRasterDataset.h"
 #include "tmgis/TLGdalReference.h"
@@ -57,6 +58,10 @@ std::unique_ptr<TMWorkspace> TMWorkspace::Open(const TLString& path, bool editab
     // A database is opened for its tables only: its rasters would go through another driver,
     // which claims the same names.
     const bool database = TLPgConnection::Names(path);
+    // What a killed save left is put right first: GDAL would read a half-swapped layer as it
+    // lies, and a hot journal makes read-only opens fail.
+    std::vector<std::string> recovered;
+    if (!database) TLDataRecovery::Recover(file, recovered);
     GDALDatasetUniquePtr dataset(
         GDALDataset::Open(file.c_str(), GDAL_OF_VECTOR | (database ? 0 : GDAL_OF_RASTER) |
                                             GDAL_OF_READONLY | GDAL_OF_VERBOSE_ERROR));
@@ -77,6 +82,7 @@ std::unique_ptr<TMWorkspace> TMWorkspace::Open(const TLString& path, bool editab
     std::unique_ptr<TMWorkspace> workspace(new TMWorkspace);
     workspace->mPath = path;
     workspace->mDriver = TLString(std::string(dataset->GetDriver()->GetDescription()));
+    for (const std::string& line : recovered) workspace->mNotes.push_back(TLString(line));
     if (workspace->mDriver == TLString("PostgreSQL")) {
         TLPgWorkspace::ReadLayers(*dataset, file, editable, workspace->mLayers, workspace->mNotes);
     } else {

@@ -36,7 +36,8 @@ public:
     const std::vector<TLRefPtr<TLLayer>>& GetLayers() const { return mLayers; }
     TLRefPtr<TLLayer> GetLayer(const TLString& name) const;
     // What was read with loss or left out, one line each: tables without geometry, features
-    // whose geometry the host cannot hold, ids beyond the host's range.
+    // whose geometry the host cannot hold, ids beyond the host's range; and what was put right
+    // of a save that was killed (TLDataRecovery).
     const std::vector<TLString>& GetNotes() const { return mNotes; }
 
 private:

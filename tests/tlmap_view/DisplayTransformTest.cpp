@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "tlsymbol/TLDisplayTransform.h"
+#include "tlsymbol/TLViewLimits.h"
 
 namespace TMObjects {
 namespace {
@@ -53,6 +56,32 @@ TEST(DisplayTransform, VisibleBoundsShowTheRectangleWholeAndCentred) {
     t.SetDeviceFrame(TLRect(0, 400, 0, 600));
     EXPECT_DOUBLE_EQ(t.mResolution, 0.4);
     expectRect(t.GetVisibleBounds(), 420, 580, 180, 420);
+}
+
+TEST(DisplayTransform, StaysFiniteAndUsableWhateverItIsAsked) {
+    TLDisplayTransform t;
+    t.SetDeviceFrame(TLRect(0, 800, 0, 600));
+    t.SetVisibleBounds(TLRect(0, 800, 0, 600));
+
+    // A typed 1.7976931348623157e308 would span the view past what a double holds.
+    const TLRect absurd[] = {TLRect(-1, 0, 0, 1.7976931348623157e308), TLRect(-1e300, 1e300, 0, 1),
+                             TLRect(0, 2e15, 0, 1),
+                             // Far out, a millimetre leaves neighbouring pixels on one double.
+                             TLRect(1e14, 1e14 + 0.001, 0, 0.001)};
+    for (const TLRect& bounds : absurd) {
+        EXPECT_FALSE(TLCanShow(t, bounds));
+        t.SetVisibleBounds(bounds);
+        expectRect(t.GetVisibleBounds(), 0, 800, 0, 600);
+        EXPECT_DOUBLE_EQ(t.mResolution, 1.0);
+    }
+
+    // At the limit the view is still one where every pixel has a map point of its own.
+    ASSERT_TRUE(TLCanShow(t, TLRect(-1e15, 1e15, -1, 1)));
+    t.SetVisibleBounds(TLRect(-1e15, 1e15, -1, 1));
+    const TLPoint left = t.ToMap(TLPoint(0, 300)), next = t.ToMap(TLPoint(1, 300));
+    EXPECT_TRUE(std::isfinite(left.x) && std::isfinite(next.x));
+    EXPECT_LT(left.x, next.x);
+    EXPECT_NEAR(t.ToDevice(t.ToMap(TLPoint(400, 300))).x, 400, 1e-6);
 }
 
 }  // namespace
