@@ -36,7 +36,9 @@ TEST_F(Workspace, AGeoPackageOpensAsFeatureLayersOfTheirKindWithTheirSystem) {
 TEST_F(Workspace, ATableWithoutASystemGivesALayerWithoutOne) {
     const std::string path = file("undefined.gpkg");
     {
+        GDALAllRegister();
         GDALDriver* driver = GetGDALDriverManager()->GetDriverByName("GPKG");
+        ASSERT_TRUE(driver);
         std::unique_ptr<GDALDataset> dataset(
             driver->Create(path.c_str(), 0, 0, 0, GDT_Unknown, nullptr));
         ASSERT_TRUE(dataset);
