@@ -1,9 +1,8 @@
 #include "tlmap/TLLayerEditBuffer.h"
 
-#include "tlbase/TLCoordinateLimit.h"
-
 #include <cmath>
 
+#include "tlbase/TLCoordinateLimit.h"
 #include "tlmap/TLEditor.h"
 #include "tlmap/TLFeatureLayer.h"
 #include "tlmap/TLMap.h"
@@ -186,10 +185,6 @@ void TLLayerEditBuffer::record(int id, std::optional<TLFeature> before, const TL
     TLEditor* e = editor();
     if (!e) return;
     e->RecordChange(table(), id, std::move(before), snapshot(table(), id), label);
-}
-
-void TLLayerEditBuffer::refuseShape(const char* verb) {
-    refuse(editor(), mLayer->GetLayerName(), verb, kNotFinite);
 }
 
 void TLLayerEditBuffer::changed(bool notify) {

@@ -75,7 +75,6 @@ private:
     TLEditor* editor() const;
     void record(int id, std::optional<TLFeature> before, const TLString& label);
     void changed(bool notify);
-    void refuseShape(const char* verb);
     TLFeatureLayer* mLayer;
     mutable std::map<int, std::unique_ptr<TLFeatureEditBuffer>> mActive;
     std::set<int> mOpened;
